@@ -1,0 +1,4 @@
+// Everything the library offers to a host, but for MemoryLeakTester.h, which a host includes on purpose.
+#pragma once
+
+#include <afx.h>

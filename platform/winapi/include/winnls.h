@@ -1,0 +1,4 @@
+// Code pages, locales and comparisons.
+#pragma once
+
+#include "windef.h"

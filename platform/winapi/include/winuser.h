@@ -1,0 +1,4 @@
+// Windows and message boxes.
+#pragma once
+
+#include "windef.h"
