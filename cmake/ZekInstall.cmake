@@ -21,6 +21,8 @@ install(FILES ${PROJECT_BINARY_DIR}/ZEK_libConfig.cmake ${PROJECT_BINARY_DIR}/ZE
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZEK_lib)
 
 # pkg-config takes the folders relative to the file itself, so an installed tree may be moved.
+file(RELATIVE_PATH ZEK_PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" ZEK_PC_PREFIX "${ZEK_PC_PREFIX}")
 set(ZEK_PC_CFLAGS "-I\${includedir}/ZEK_lib -I\${includedir}/ZEK_lib/afx")
 set(ZEK_PC_LIBS "-L\${libdir} -lZEK_lib")
 if(WIN32)
