@@ -87,8 +87,8 @@ using LPLONG = LONG*;
 using PLONG = LONG*;
 using LPINT = int*;
 
-#define DECLARE_HANDLE(name) \
-    struct name##__;         \
+#define DECLARE_HANDLE(name)                                                                                 \
+    struct name##__;                                                                                         \
     using name = name##__*
 
 using HANDLE = void*;
@@ -106,9 +106,13 @@ DECLARE_HANDLE(HDC);
 DECLARE_HANDLE(HFONT);
 DECLARE_HANDLE(HTASK);
 
-using FARPROC = INT_PTR (WINAPI*)();
+using FARPROC = INT_PTR(WINAPI*)();
 
 union LARGE_INTEGER {
+    __extension__ struct {
+        DWORD LowPart;
+        LONG HighPart;
+    };
     struct {
         DWORD LowPart;
         LONG HighPart;
@@ -117,6 +121,10 @@ union LARGE_INTEGER {
 };
 
 union ULARGE_INTEGER {
+    __extension__ struct {
+        DWORD LowPart;
+        DWORD HighPart;
+    };
     struct {
         DWORD LowPart;
         DWORD HighPart;
@@ -133,18 +141,15 @@ union ULARGE_INTEGER {
 #define LOWORD(l) (static_cast<WORD>(static_cast<DWORD_PTR>(l) & 0xffff))
 #define HIWORD(l) (static_cast<WORD>((static_cast<DWORD_PTR>(l) >> 16) & 0xffff))
 #define MAKEWORD(a, b) (static_cast<WORD>((static_cast<WORD>(b) << 8) | static_cast<BYTE>(a)))
-#define MAKELONG(a, b) \
+#define MAKELONG(a, b)                                                                                       \
     (static_cast<LONG>((static_cast<DWORD>(static_cast<WORD>(b)) << 16) | static_cast<WORD>(a)))
-#define RGB(r, g, b)                                                                              \
-    (static_cast<COLORREF>(static_cast<BYTE>(r)) | (static_cast<COLORREF>(static_cast<BYTE>(g)) << 8) | \
+#define RGB(r, g, b)                                                                                         \
+    (static_cast<COLORREF>(static_cast<BYTE>(r)) | (static_cast<COLORREF>(static_cast<BYTE>(g)) << 8) |      \
      (static_cast<COLORREF>(static_cast<BYTE>(b)) << 16))
 #define GetRValue(rgb) (static_cast<BYTE>(rgb))
 #define GetGValue(rgb) (static_cast<BYTE>((rgb) >> 8))
 #define GetBValue(rgb) (static_cast<BYTE>((rgb) >> 16))
 
-#ifndef _T
-#define _T(text) text
-#endif
 #define TEXT(text) text
 
 struct POINT {
@@ -163,8 +168,14 @@ struct FILETIME {
 struct SYSTEMTIME {
     WORD wYear, wMonth, wDayOfWeek, wDay, wHour, wMinute, wSecond, wMilliseconds;
 };
+using PFILETIME = FILETIME*;
 using LPFILETIME = FILETIME*;
 using LPSYSTEMTIME = SYSTEMTIME*;
+using PLARGE_INTEGER = LARGE_INTEGER*;
+using LPRECT = RECT*;
+using LPCRECT = const RECT*;
+using LPPOINT = POINT*;
+using LPSIZE = SIZE*;
 
 static_assert(sizeof(LONG) == 4 && sizeof(DWORD) == 4 && sizeof(LONGLONG) == 8);
 static_assert(sizeof(WCHAR) == 2 && sizeof(SYSTEMTIME) == 16 && sizeof(LARGE_INTEGER) == 8);

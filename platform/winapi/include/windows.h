@@ -2,6 +2,7 @@
 #pragma once
 
 #include "windef.h"
+#include "crtnames_.h"
 #include "winerror.h"
 #include "winbase.h"
 #include "winnls.h"

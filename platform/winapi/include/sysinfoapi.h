@@ -1,0 +1,51 @@
+// Time, ticks, and what a program may ask about its machine.
+//
+// Units: FILETIME counts 100 ns from 1601-01-01 UTC; SYSTEMTIME holds the years 1601 to 30827.
+#pragma once
+
+#include "windef.h"
+
+struct TIME_ZONE_INFORMATION {
+    LONG Bias; // minutes; UTC = local time + Bias
+    WCHAR StandardName[32];
+    SYSTEMTIME StandardDate;
+    LONG StandardBias;
+    WCHAR DaylightName[32];
+    SYSTEMTIME DaylightDate;
+    LONG DaylightBias;
+};
+using LPTIME_ZONE_INFORMATION = TIME_ZONE_INFORMATION*;
+
+#define TIME_ZONE_ID_INVALID (static_cast<DWORD>(0xffffffff))
+#define TIME_ZONE_ID_UNKNOWN 0
+#define TIME_ZONE_ID_STANDARD 1
+#define TIME_ZONE_ID_DAYLIGHT 2
+
+WINBASEAPI void WINAPI GetSystemTime(LPSYSTEMTIME time);
+WINBASEAPI void WINAPI GetLocalTime(LPSYSTEMTIME time);
+WINBASEAPI void WINAPI GetSystemTimeAsFileTime(LPFILETIME time);
+
+// Fail with ERROR_INVALID_PARAMETER for a date that does not exist or lies outside FILETIME's range.
+// The day of the week is answered, never read.
+WINBASEAPI BOOL WINAPI SystemTimeToFileTime(const SYSTEMTIME* system, LPFILETIME file);
+WINBASEAPI BOOL WINAPI FileTimeToSystemTime(const FILETIME* file, LPSYSTEMTIME system);
+
+// Shift by the difference between local time and UTC that holds now, as on Windows, not by the one that
+// held then.
+WINBASEAPI BOOL WINAPI FileTimeToLocalFileTime(const FILETIME* utc, LPFILETIME local);
+WINBASEAPI BOOL WINAPI LocalFileTimeToFileTime(const FILETIME* local, LPFILETIME utc);
+
+// -1, 0 or 1 as `a` is earlier than, equal to or later than `b`.
+WINBASEAPI LONG WINAPI CompareFileTime(const FILETIME* a, const FILETIME* b);
+
+// Bias, names and whether daylight time holds now.
+// Differs: the dates of the change are not answered (their month is 0).
+WINBASEAPI DWORD WINAPI GetTimeZoneInformation(LPTIME_ZONE_INFORMATION zone);
+
+WINBASEAPI BOOL WINAPI QueryPerformanceCounter(LARGE_INTEGER* ticks);
+WINBASEAPI BOOL WINAPI QueryPerformanceFrequency(LARGE_INTEGER* perSecond);
+
+// Milliseconds since the machine's start; the 32-bit one starts again every 49.7 days.
+WINBASEAPI DWORD WINAPI GetTickCount();
+WINBASEAPI ULONGLONG WINAPI GetTickCount64();
+WINBASEAPI void WINAPI Sleep(DWORD milliseconds);
