@@ -2,5 +2,6 @@
 #pragma once
 
 #include "afxver_.h"
-
-#include <windows.h>
+#include "afxobj_.h"
+#include "afxstr_.h"
+#include "afxexc_.h"

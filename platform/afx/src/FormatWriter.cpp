@@ -1,0 +1,362 @@
+#include "FormatWriter.h"
+
+#include "FormatNumber.h"
+
+#include <afxstr_.h>
+
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+namespace {
+
+// Wider fields stand in the result as written: a format that came from outside must not exhaust memory.
+constexpr int kWidest = 1 << 20;
+
+enum class TextWidth { kDefault, kNarrow, kWide };
+
+struct SizePrefix {
+    std::string_view name;
+    int bytes;
+    TextWidth text;
+};
+
+// The first prefix that fits counts: longer names stand before their beginnings.
+constexpr SizePrefix kSizes[] = {
+    {"I64", 8, TextWidth::kDefault},
+    {"I32", 4, TextWidth::kDefault},
+    {"I", static_cast<int>(sizeof(void*)), TextWidth::kDefault},
+    {"ll", 8, TextWidth::kWide},
+    {"l", 4, TextWidth::kWide},
+    {"hh", 1, TextWidth::kNarrow},
+    {"h", 2, TextWidth::kNarrow},
+    {"w", 4, TextWidth::kWide},
+    {"L", 8, TextWidth::kDefault},
+    {"j", 8, TextWidth::kDefault},
+    {"z", static_cast<int>(sizeof(void*)), TextWidth::kDefault},
+    {"t", static_cast<int>(sizeof(void*)), TextWidth::kDefault},
+};
+
+// One pass over one format.
+class Writer
+{
+public:
+    Writer(std::string& out, LPCSTR format, CFormatSource& source)
+        : m_out(out), m_next(format), m_source(source)
+    {
+    }
+
+    void Run()
+    {
+        while (*m_next) {
+            const std::size_t plain = std::strcspn(m_next, "%");
+            m_out.append(m_next, plain);
+            m_next += plain;
+            if (*m_next)
+                Conversion();
+        }
+    }
+
+private:
+    void Conversion();
+    void Flags();
+    bool Number(int& value);
+    void Size();
+    bool Write();
+    bool WriteInteger();
+    bool WritePointer();
+    bool WriteReal();
+    bool WriteCharacter();
+    bool WriteText();
+    std::string Narrowed(LPCWSTR text) const;
+
+    std::string& m_out;
+    LPCSTR m_next;
+    CFormatSource& m_source;
+    CFormatSpec m_spec;
+    int m_bytes = 4;
+    TextWidth m_text = TextWidth::kDefault;
+    bool m_bad = false; // the conversion cannot be followed
+};
+
+void Writer::Flags()
+{
+    for (;; ++m_next) {
+        switch (*m_next) {
+        case '-':
+            m_spec.left = true;
+            break;
+        case '+':
+            m_spec.plus = true;
+            break;
+        case ' ':
+            m_spec.blank = true;
+            break;
+        case '#':
+            m_spec.alternate = true;
+            break;
+        case '0':
+            m_spec.zero = true;
+            break;
+        default:
+            return;
+        }
+    }
+}
+
+// A width or precision, in digits or as an argument. False when it is too large.
+bool Writer::Number(int& value)
+{
+    LONGLONG number = 0;
+    if (*m_next == '*') {
+        ++m_next;
+        AFX_FORMAT_ARG arg;
+        if (!m_source.Next(AFX_FORMAT_ARG::kInteger, 4, arg) || arg.kind != AFX_FORMAT_ARG::kInteger)
+            return false;
+        number = static_cast<int>(arg.integer);
+    }
+    for (; *m_next >= '0' && *m_next <= '9'; ++m_next)
+        number = number > kWidest ? number : number * 10 + (*m_next - '0');
+    value = static_cast<int>(number);
+    return number <= kWidest && number >= -kWidest;
+}
+
+void Writer::Size()
+{
+    for (const SizePrefix& size : kSizes) {
+        if (std::strncmp(m_next, size.name.data(), size.name.size()) != 0)
+            continue;
+        m_next += size.name.size();
+        m_bytes = size.bytes;
+        m_text = size.text;
+        return;
+    }
+}
+
+void Writer::Conversion()
+{
+    const LPCSTR start = m_next++;
+    m_spec = {};
+    m_bytes = 4;
+    m_text = TextWidth::kDefault;
+    m_bad = false;
+    Flags();
+    if (!Number(m_spec.width))
+        m_bad = true;
+    if (m_spec.width < 0) {
+        m_spec.left = true;
+        m_spec.width = -m_spec.width;
+    }
+    if (*m_next == '.') {
+        ++m_next;
+        if (!Number(m_spec.precision))
+            m_bad = true;
+        if (m_spec.precision < 0)
+            m_spec.precision = -1;
+    }
+    Size();
+    m_spec.conversion = *m_next;
+    if (*m_next)
+        ++m_next;
+    if (!Write())
+        m_out.append(start, m_next);
+}
+
+// False when the conversion is to stand in the result as it was written.
+bool Writer::Write()
+{
+    switch (m_spec.conversion) {
+    case '%':
+        m_out += '%';
+        return true;
+    case 'd':
+    case 'i':
+    case 'u':
+    case 'o':
+    case 'x':
+    case 'X':
+        return WriteInteger();
+    case 'a':
+    case 'A':
+    case 'e':
+    case 'E':
+    case 'f':
+    case 'F':
+    case 'g':
+    case 'G':
+        return WriteReal();
+    case 'c':
+    case 'C':
+        return WriteCharacter();
+    case 's':
+    case 'S':
+        return WriteText();
+    case 'p':
+        return WritePointer();
+    case 'n': { // never written through, but it has an argument
+        AFX_FORMAT_ARG unused;
+        m_source.Next(AFX_FORMAT_ARG::kPointer, 0, unused);
+        return false;
+    }
+    default:
+        return false;
+    }
+}
+
+LONGLONG AsInteger(const AFX_FORMAT_ARG& arg)
+{
+    switch (arg.kind) {
+    case AFX_FORMAT_ARG::kInteger:
+        return arg.integer;
+    case AFX_FORMAT_ARG::kReal: {
+        constexpr double kLimit = 9223372036854774784.0; // the largest double below 2^63
+        if (!(arg.real > -kLimit))
+            return std::numeric_limits<LONGLONG>::min();
+        return arg.real < kLimit ? static_cast<LONGLONG>(arg.real) : std::numeric_limits<LONGLONG>::max();
+    }
+    default:
+        return static_cast<LONGLONG>(reinterpret_cast<INT_PTR>(arg.pointer));
+    }
+}
+
+bool Writer::WriteInteger()
+{
+    AFX_FORMAT_ARG arg;
+    if (!m_source.Next(AFX_FORMAT_ARG::kInteger, m_bytes, arg) || m_bad)
+        return false;
+    AfxWriteInteger(m_out, m_spec, AsInteger(arg), m_bytes);
+    return true;
+}
+
+bool Writer::WritePointer()
+{
+    AFX_FORMAT_ARG arg;
+    if (!m_source.Next(AFX_FORMAT_ARG::kPointer, 0, arg) || m_bad)
+        return false;
+    CFormatSpec spec;
+    spec.left = m_spec.left;
+    spec.width = m_spec.width;
+    spec.precision = 2 * static_cast<int>(sizeof(void*));
+    spec.conversion = 'X';
+    AfxWriteInteger(m_out, spec, AsInteger(arg), 8);
+    return true;
+}
+
+bool Writer::WriteReal()
+{
+    AFX_FORMAT_ARG arg;
+    if (!m_source.Next(AFX_FORMAT_ARG::kReal, 8, arg) || m_bad)
+        return false;
+    if (arg.kind == AFX_FORMAT_ARG::kInteger)
+        AfxWriteReal(m_out, m_spec, static_cast<double>(arg.integer));
+    else if (arg.kind == AFX_FORMAT_ARG::kReal)
+        AfxWriteReal(m_out, m_spec, arg.real);
+    return arg.kind == AFX_FORMAT_ARG::kInteger || arg.kind == AFX_FORMAT_ARG::kReal;
+}
+
+bool Writer::WriteCharacter()
+{
+    AFX_FORMAT_ARG arg;
+    if (!m_source.Next(AFX_FORMAT_ARG::kInteger, 4, arg) || m_bad || arg.kind != AFX_FORMAT_ARG::kInteger)
+        return false;
+    const bool wide =
+        m_text == TextWidth::kWide || (m_spec.conversion == 'C' && m_text != TextWidth::kNarrow);
+    std::string body(1, static_cast<char>(arg.integer));
+    if (wide) {
+        const auto unit = static_cast<WCHAR>(arg.integer);
+        const CString narrowed(&unit, 1);
+        body.assign(narrowed, static_cast<std::size_t>(narrowed.GetLength()));
+    }
+    AfxWritePadded(m_out, m_spec, {}, {}, body, m_spec.zero);
+    return true;
+}
+
+// The wide text in the ANSI code page: whole characters of at most `precision` bytes.
+std::string Writer::Narrowed(LPCWSTR text) const
+{
+    const auto limit = static_cast<std::size_t>(m_spec.precision); // -1: no limit
+    std::string result;
+    while (*text) {
+        const int units = (static_cast<unsigned>(*text) & 0xFC00U) == 0xD800U && text[1] ? 2 : 1;
+        const CString character(text, units);
+        if (result.size() + static_cast<std::size_t>(character.GetLength()) > limit)
+            break;
+        result.append(character, static_cast<std::size_t>(character.GetLength()));
+        text += units;
+    }
+    return result;
+}
+
+bool Writer::WriteText()
+{
+    const bool wide =
+        m_text == TextWidth::kWide || (m_spec.conversion == 'S' && m_text != TextWidth::kNarrow);
+    AFX_FORMAT_ARG arg;
+    if (!m_source.Next(wide ? AFX_FORMAT_ARG::kWideText : AFX_FORMAT_ARG::kText, 0, arg) || m_bad)
+        return false;
+    if (arg.kind == AFX_FORMAT_ARG::kReal || (arg.kind == AFX_FORMAT_ARG::kInteger && arg.integer != 0) ||
+        (arg.kind == AFX_FORMAT_ARG::kPointer && arg.pointer))
+        return false;
+    const auto limit = static_cast<std::size_t>(m_spec.precision);
+    std::string body;
+    if (arg.kind == AFX_FORMAT_ARG::kInteger || !arg.pointer)
+        body = std::string_view("(null)").substr(0, limit);
+    else if (arg.kind == AFX_FORMAT_ARG::kWideText)
+        body = Narrowed(arg.wideText);
+    else if (m_spec.precision < 0)
+        body = arg.text;
+    else
+        body.assign(arg.text, strnlen(arg.text, limit));
+    AfxWritePadded(m_out, m_spec, {}, {}, body, m_spec.zero);
+    return true;
+}
+
+// The arguments of a C call; the format alone says what they are.
+class VaSource final : public CFormatSource
+{
+public:
+    explicit VaSource(va_list args) { va_copy(m_args, args); }
+    ~VaSource() override { va_end(m_args); }
+    VaSource(const VaSource&) = delete;
+    VaSource& operator=(const VaSource&) = delete;
+
+    bool Next(AFX_FORMAT_ARG::Kind kind, int bytes, AFX_FORMAT_ARG& arg) override
+    {
+        arg.kind = kind;
+        if (kind == AFX_FORMAT_ARG::kReal)
+            arg.real = va_arg(m_args, double);
+        else if (kind != AFX_FORMAT_ARG::kInteger)
+            arg.pointer = va_arg(m_args, const void*);
+        else if (bytes > 4)
+            arg.integer = va_arg(m_args, LONGLONG);
+        else
+            arg.integer = va_arg(m_args, int);
+        return true;
+    }
+
+private:
+    va_list m_args;
+};
+
+} // namespace
+
+bool CListSource::Next(AFX_FORMAT_ARG::Kind, int, AFX_FORMAT_ARG& arg)
+{
+    if (m_count == 0)
+        return false;
+    arg = *m_args++;
+    --m_count;
+    return true;
+}
+
+void AfxWriteFormat(std::string& out, LPCSTR format, CFormatSource& source)
+{
+    if (format)
+        Writer(out, format, source).Run();
+}
+
+void AfxWriteFormatV(std::string& out, LPCSTR format, va_list args)
+{
+    VaSource source(args);
+    AfxWriteFormat(out, format, source);
+}
