@@ -159,10 +159,12 @@ public:
     double DefaultColumnWidth() const { return m_defaultColumnWidth; }
     void SetDefaultColumnWidth(double characters) { m_defaultColumnWidth = characters; }
 
-    // Distance of the cell's top or left edge from the sheet's, in points. Hidden ones count nothing.
-    double TopOf(std::uint32_t row) const;
-    double LeftOf(std::uint32_t column) const;
-    double ColumnPoints(std::uint32_t column) const;
+    // Heights of the rows, widths of the columns, added up in points. Hidden ones count nothing.
+    double RowsPoints(std::uint32_t first, std::uint32_t last) const;
+    double ColumnsPoints(std::uint32_t first, std::uint32_t last) const;
+    // Distance of the cell's top or left edge from the sheet's, in points.
+    double TopOf(std::uint32_t row) const { return row == 0 ? 0 : RowsPoints(0, row - 1); }
+    double LeftOf(std::uint32_t column) const { return column == 0 ? 0 : ColumnsPoints(0, column - 1); }
 
     // --- Merged areas ---
 
@@ -178,7 +180,8 @@ public:
 
     // Moves the cells at and behind the block away from it, down or to the right; a block of whole rows or
     // columns moves those with their sizes, formats, breaks and areas. The new cells look like the
-    // neighbours above or to the left. Formulas and names that refer to moved cells follow.
+    // neighbours above or to the left; cells that were never formatted themselves take the look of their
+    // new place. Formulas and names that refer to moved cells follow.
     // False, and no change: filled cells would leave the sheet, or a merged area would be torn.
     bool InsertCells(const Block& block, Shift shift);
 
@@ -186,8 +189,8 @@ public:
     // become #REF!. False, and no change, when a merged area would be torn.
     bool DeleteCells(const Block& block, Shift shift);
 
-    // Copies values, formats and areas to the block of the same size at the position, in this workbook or
-    // sheet or another of the same workbook; relative references move along. Whole rows and columns carry
+    // Copies values, formats and areas to the block of the same size at the position, on this sheet or
+    // another of the workbook; relative references move along. Whole rows and columns carry
     // their sizes. False, and no change, when an area at the target would be torn.
     bool CopyCells(const Block& source, Sheet& target, std::uint32_t row, std::uint32_t column) const;
 
@@ -195,7 +198,7 @@ public:
 
     PageSetup page;
     SheetView view;
-    SheetVisibility visibility = SheetVisibility::Visible;
+    SheetVisibility visibility = SheetVisibility::Visible; // changed through Workbook::SetVisibility
     bool selected = false; // its tab is selected; the active sheet's always is
 
     // Manual breaks: the page ends above that row, or to the left of that column. Never 0.
@@ -210,30 +213,51 @@ private:
     using Chunk = std::array<Row, kChunkRows>;
 
     Row& MakeRow(std::uint32_t row);
+    Row* RowOrNull(std::uint32_t row);
     Cell& MakeCell(std::uint32_t row, std::uint32_t column);
-    Cell& MakeCellIn(Row& row, std::uint32_t column);
-    void FreeFormula(const Cell& cell);
-    void TakeValue(Cell& target, const Cell& source, const Sheet& from);
+    Cell& ValueCell(std::uint32_t row, std::uint32_t column, CellKind kind);
+    void DropValue(Cell& cell);
+    void Prune(Row& row);
+    // work(rowNumber, Row&) for the rows that exist.
     template <class Work>
     void WorkRows(std::uint32_t first, std::uint32_t last, Work&& work);
+    std::uint32_t RowEnd() const { return static_cast<std::uint32_t>(m_chunks.size() * kChunkRows); }
 
     void ApplyFormat(const Block& block, void* context, FormatFunction change);
     void ApplyToColumns(const Block& block, void* context, FormatFunction change);
     void ApplyToRows(const Block& block, void* context, FormatFunction change);
     void ApplyToCells(const Block& block, void* context, FormatFunction change);
     void WalkFormats(const Block& block, void* context, VisitFunction visit) const;
+    bool WalkColumnFormats(std::uint32_t first, std::uint32_t last, void* context, VisitFunction visit) const;
+    bool WalkRowFormats(const Row& row, const Block& block, void* context, VisitFunction visit) const;
     FormatId ColumnFormat(std::uint32_t column) const;
     FormatId MainColumnFormat() const;
+    FormatId InheritedFormat(const Row& row, std::uint32_t column) const
+    {
+        return row.format != kNoFormat ? row.format : ColumnFormat(column);
+    }
+    // Splits the runs at the ends and gives each run between them, gaps included, to work(ColumnRun&).
     template <class Work>
     void WorkColumns(std::uint32_t first, std::uint32_t last, Work&& work);
 
-    bool ShiftMerges(const Block& block, Shift shift, bool insert);
+    void KeepFirstValue(const Block& block);
+    void SetMerges(const std::vector<Block>& areas);
+    bool MergesAfterShift(const Block& block, Shift shift, bool insert, std::vector<Block>& areas) const;
     bool HasValuesIn(const Block& block) const;
-    void ShiftRows(std::uint32_t from, std::int64_t by);
-    void ShiftColumns(std::uint32_t from, std::int64_t by);
+    void MoveAway(const Block& block, Shift shift);
+    void MoveUp(const Block& block, Shift shift);
+    void ShiftRows(std::uint32_t at, std::uint32_t count, bool insert);
+    void ShiftColumnRuns(std::uint32_t at, std::uint32_t count, bool insert);
     void RemoveCells(const Block& block);
     void MoveCells(const Block& source, std::uint32_t row, std::uint32_t column);
+    void LookLikeNeighbours(const Block& block, Shift shift);
+    void CopyLook(std::uint32_t above, const Block& block);
+    void ApplyOne(const Block& cellsOfARow, FormatId format);
     void ShiftSettings(const Block& block, Shift shift, bool insert);
+    struct HeldCell;
+    std::vector<HeldCell> HoldCells(const Block& block) const;
+    void PutHeld(const HeldCell& held, std::int64_t rows, std::int64_t columns);
+    void CopySizes(const Block& source, Sheet& target, const Block& place) const;
     void CopyFrom(const Sheet& source);
 
     Workbook& m_book;

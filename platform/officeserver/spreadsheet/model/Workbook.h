@@ -71,6 +71,8 @@ public:
 
     std::size_t VisibleSheets() const;
     std::size_t ActiveSheet() const { return m_activeSheet; }
+    // A hidden sheet is never active: the next visible one takes its place.
+    void SetVisibility(Sheet& sheet, SheetVisibility visibility);
     // Selects its tab alone.
     void SetActiveSheet(std::size_t index);
 
@@ -115,7 +117,12 @@ public:
     bool date1904 = false;
 
 private:
+    friend class Sheet;
     void KeepOneActive();
+    // Formulas and names follow the cells that an insertion or deletion at `block` of `moved` moves.
+    void ShiftReferences(const Sheet& moved, const Block& block, Shift shift, bool insert);
+    static void ShiftFormula(std::string& formula, bool standsOnIt, const Sheet& moved, const Block& block,
+                             Shift shift, bool insert);
 
     std::vector<std::unique_ptr<Sheet>> m_sheets;
     std::size_t m_activeSheet = 0;
