@@ -146,3 +146,4 @@
 #define CO_E_ERRORINDLL (static_cast<HRESULT>(0x800401F9U))
 #define CO_E_OBJNOTREG (static_cast<HRESULT>(0x800401FBU))
 #define CO_E_OBJISREG (static_cast<HRESULT>(0x800401FCU))
+#define CO_E_OBJNOTCONNECTED (static_cast<HRESULT>(0x800401FDU))
