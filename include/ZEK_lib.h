@@ -2,3 +2,5 @@
 #pragma once
 
 #include <afx.h>
+
+#include "MathFunc.h"
