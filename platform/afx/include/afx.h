@@ -5,3 +5,5 @@
 #include "afxobj_.h"
 #include "afxstr_.h"
 #include "afxexc_.h"
+#include "afxtime_.h"
+#include "afxfile_.h"

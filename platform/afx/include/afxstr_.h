@@ -176,6 +176,11 @@ public:
     LPSTR LockBuffer(); // copies of a locked text get a buffer of their own
     void UnlockBuffer();
 
+    // The text as an automation text (BSTR), which the caller frees with SysFreeString.
+    LPWSTR AllocSysString() const;
+    // The same in place of *text, which is freed.
+    LPWSTR SetSysString(LPWSTR* text) const;
+
     void AnsiToOem();
     void OemToAnsi();
 

@@ -1,4 +1,5 @@
 #include <afxexc_.h>
+#include <afxwin.h>
 
 #include <cstring>
 #include <new>
@@ -36,6 +37,15 @@ BOOL CException::GetErrorMessage(LPSTR text, UINT size, UINT* helpContext)
     if (text && size > 0)
         *text = '\0';
     return FALSE;
+}
+
+int CException::ReportError(UINT style, UINT)
+{
+    constexpr UINT kLongest = 512;
+    char text[kLongest];
+    if (!GetErrorMessage(text, kLongest))
+        std::strcpy(text, "An error occurred that has no description.");
+    return AfxMessageBox(text, style);
 }
 
 BOOL CSimpleException::GetErrorMessage(LPSTR text, UINT size, UINT* helpContext)

@@ -46,15 +46,3 @@ void CString::FormatMessageList(LPCSTR format, const AFX_FORMAT_ARG* args, std::
 {
     *this = Written([&](std::string& out) { AfxWriteMessage(out, format, args, count); });
 }
-
-void CString::AnsiToOem()
-{
-    if (!IsEmpty())
-        ::CharToOemA(GetBuffer(), m_pchData);
-}
-
-void CString::OemToAnsi()
-{
-    if (!IsEmpty())
-        ::OemToCharA(GetBuffer(), m_pchData);
-}
