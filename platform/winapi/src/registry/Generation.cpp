@@ -1,0 +1,93 @@
+#include "Generation.h"
+
+#include "PrivateFile.h"
+
+#include <cerrno>
+#include <sys/file.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::size_t kFileSize = sizeof(std::atomic<std::uint64_t>);
+static_assert(std::atomic<std::uint64_t>::is_always_lock_free, "the counter is shared between processes");
+
+bool IsOdd(std::uint64_t count)
+{
+    return count % 2 != 0;
+}
+
+bool Lock(int file, int how)
+{
+    int result;
+    do
+        result = flock(file, how);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+} // namespace
+
+bool Generation::Open(const std::string& path, bool readOnly)
+{
+    Close();
+    m_readOnly = readOnly;
+    m_file = OpenPrivateFile(path, readOnly);
+    if (m_file < 0 || (!readOnly && ftruncate(m_file, kFileSize) != 0)) {
+        Close();
+        return false;
+    }
+    const int access = readOnly ? PROT_READ : PROT_READ | PROT_WRITE;
+    void* mapped = mmap(nullptr, kFileSize, access, MAP_SHARED, m_file, 0);
+    if (mapped == MAP_FAILED || lseek(m_file, 0, SEEK_END) < static_cast<off_t>(kFileSize)) {
+        Close();
+        return false;
+    }
+    m_counter = static_cast<std::atomic<std::uint64_t>*>(mapped);
+    return true;
+}
+
+void Generation::Close()
+{
+    if (m_counter)
+        munmap(m_counter, kFileSize);
+    if (m_file >= 0)
+        close(m_file);
+    m_counter = nullptr;
+    m_file = -1;
+}
+
+std::uint64_t Generation::Current()
+{
+    if (!m_counter)
+        return kUnsettled;
+    std::uint64_t count = m_counter->load(std::memory_order_acquire);
+    if (IsOdd(count) && !m_readOnly && Lock(m_file, LOCK_EX | LOCK_NB)) {
+        Settle();
+        count = m_counter->load(std::memory_order_acquire);
+        Lock(m_file, LOCK_UN);
+    }
+    return IsOdd(count) ? kUnsettled : count;
+}
+
+// Under the lock: an odd counter is a dead writer's.
+void Generation::Settle()
+{
+    if (IsOdd(m_counter->load(std::memory_order_relaxed)))
+        m_counter->fetch_add(1, std::memory_order_acq_rel);
+}
+
+bool Generation::BeginWrite()
+{
+    if (!m_counter || !Lock(m_file, LOCK_EX))
+        return false;
+    Settle();
+    m_counter->fetch_add(1, std::memory_order_acq_rel);
+    return true;
+}
+
+void Generation::EndWrite()
+{
+    m_counter->fetch_add(1, std::memory_order_acq_rel);
+    Lock(m_file, LOCK_UN);
+}

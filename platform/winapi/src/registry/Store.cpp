@@ -1,0 +1,298 @@
+#include "Store.h"
+
+#include "Home.h"
+#include "KeyPath.h"
+
+#include <winerror.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <pthread.h>
+
+namespace {
+
+// Beyond this many keys the memory starts afresh.
+constexpr std::size_t kMostKept = 4096;
+
+// 100-nanosecond steps since 1601.
+std::int64_t Now()
+{
+    constexpr std::int64_t kUnixEpoch = 11644473600;
+    timespec now;
+    clock_gettime(CLOCK_REALTIME, &now);
+    return (now.tv_sec + kUnixEpoch) * 10'000'000 + now.tv_nsec / 100;
+}
+
+// SQLite refuses paths with symbolic links in them; links above the home folder are the user's own affair.
+std::string ResolvedHome()
+{
+    char* resolved = realpath(HomeFolder().c_str(), nullptr);
+    std::string path = resolved ? resolved : "";
+    std::free(resolved);
+    return path;
+}
+
+} // namespace
+
+// A child must not go on with its parent's connection, nor start with a lock that another thread held.
+struct ForkHandlers {
+    static void Prepare() { Store::Instance().m_lock.lock(); }
+    static void Parent() { Store::Instance().m_lock.unlock(); }
+    static void Child()
+    {
+        Store& store = Store::Instance();
+        store.m_database.Abandon();
+        store.m_generation.Close();
+        store.m_keptAt = Generation::kUnsettled;
+        store.m_lock.unlock();
+    }
+};
+
+Store& Store::Instance()
+{
+    static Store* const kStore = new Store;
+    return *kStore;
+}
+
+Store::Store()
+{
+    pthread_atfork(ForkHandlers::Prepare, ForkHandlers::Parent, ForkHandlers::Child);
+}
+
+LONG Store::Connect()
+{
+    if (m_database.IsOpen())
+        return ERROR_SUCCESS;
+    const std::string home = ResolvedHome();
+    if (home.empty())
+        return ERROR_ACCESS_DENIED;
+    const LONG result = m_database.Open(home + "/registry.db");
+    if (result == ERROR_SUCCESS)
+        m_generation.Open(home + "/registry.gen", m_database.IsReadOnly());
+    return result;
+}
+
+LONG Store::Read(const std::string& path, std::shared_ptr<const RegistryKey>& key)
+{
+    const std::lock_guard<std::mutex> guard(m_lock);
+    if (const LONG result = Connect(); result != ERROR_SUCCESS)
+        return result;
+    const std::uint64_t before = m_generation.Current();
+    if (before != m_keptAt)
+        m_kept.clear();
+    m_keptAt = before;
+    if (const auto found = m_kept.find(path); found != m_kept.end()) {
+        key = found->second;
+        return ERROR_SUCCESS;
+    }
+    auto loaded = std::make_shared<RegistryKey>();
+    const LONG result = LoadWhole(path, *loaded);
+    if (result != ERROR_SUCCESS)
+        return result;
+    key = loaded;
+    if (before != Generation::kUnsettled && m_generation.Current() == before)
+        Keep(path, key);
+    return ERROR_SUCCESS;
+}
+
+void Store::Keep(const std::string& path, const std::shared_ptr<const RegistryKey>& key)
+{
+    if (m_kept.size() >= kMostKept)
+        m_kept.clear();
+    m_kept.emplace(path, key);
+}
+
+// One transaction, so that the key and its values are of one moment.
+LONG Store::LoadWhole(const std::string& path, RegistryKey& key)
+{
+    LONG result = m_database.Run(Query::Begin);
+    if (result != ERROR_SUCCESS)
+        return result;
+    result = Load(path, key);
+    m_database.Run(Query::Commit);
+    return result;
+}
+
+LONG Store::Load(const std::string& path, RegistryKey& key)
+{
+    if (const LONG result = Exists(path, key.exists); result != ERROR_SUCCESS || !key.exists)
+        return result;
+    Statement values(m_database, Query::ListValues);
+    values.Bind(path);
+    while (values.Next()) {
+        RegistryValue value{std::string(values.Bytes(1)), static_cast<DWORD>(values.Number(2)),
+                            std::string(values.Bytes(3))};
+        key.values.emplace(values.Bytes(0), std::move(value));
+    }
+    return values.Error();
+}
+
+LONG Store::Exists(const std::string& path, bool& exists)
+{
+    Statement find(m_database, Query::FindKey);
+    exists = find.Bind(path).Next();
+    return find.Error();
+}
+
+template <class Question>
+LONG Store::Ask(Question&& question)
+{
+    const std::lock_guard<std::mutex> guard(m_lock);
+    const LONG result = Connect();
+    return result == ERROR_SUCCESS ? question() : result;
+}
+
+LONG Store::NthChild(const std::string& path, DWORD index, std::string& name, std::int64_t& written)
+{
+    return Ask([&]() -> LONG {
+        Statement child(m_database, Query::NthChild);
+        if (!child.Bind(path).Bind(std::int64_t{index}).Next())
+            return child.Error() == ERROR_SUCCESS ? ERROR_NO_MORE_ITEMS : child.Error();
+        name = child.Bytes(0);
+        written = child.Number(1);
+        return ERROR_SUCCESS;
+    });
+}
+
+LONG Store::NthValue(const std::string& path, DWORD index, RegistryValue& value)
+{
+    return Ask([&]() -> LONG {
+        Statement row(m_database, Query::NthValue);
+        if (!row.Bind(path).Bind(std::int64_t{index}).Next())
+            return row.Error() == ERROR_SUCCESS ? ERROR_NO_MORE_ITEMS : row.Error();
+        value = {std::string(row.Bytes(0)), static_cast<DWORD>(row.Number(1)), std::string(row.Bytes(2))};
+        return ERROR_SUCCESS;
+    });
+}
+
+LONG Store::Facts(const std::string& path, RegistryFacts& facts)
+{
+    return Ask([&]() -> LONG {
+        Statement children(m_database, Query::ChildFacts);
+        Statement values(m_database, Query::ValueFacts);
+        if (!children.Bind(path).Next())
+            return children.Error();
+        if (!values.Bind(path).Next())
+            return values.Error();
+        facts = {children.Number(0), children.Number(1), values.Number(0),
+                 values.Number(1),   values.Number(2),   values.Number(3)};
+        return ERROR_SUCCESS;
+    });
+}
+
+// Runs a change as one transaction. Only what was committed raises the generation in a way that matters, but
+// a failed try raises it too: telling them apart would gain nothing.
+template <class Change>
+LONG Store::Write(Change&& change)
+{
+    return Ask([&]() -> LONG {
+        if (m_database.IsReadOnly())
+            return ERROR_ACCESS_DENIED;
+        if (!m_generation.BeginWrite())
+            return ERROR_REGISTRY_IO_FAILED;
+        LONG result = m_database.Run(Query::BeginImmediate);
+        if (result == ERROR_SUCCESS) {
+            result = change();
+            if (result == ERROR_SUCCESS)
+                result = m_database.Run(Query::Commit);
+            if (result != ERROR_SUCCESS)
+                m_database.Run(Query::Rollback);
+        }
+        m_generation.EndWrite();
+        return result;
+    });
+}
+
+LONG Store::CreateKeys(const std::string& path, const std::vector<std::string>& names, bool& created)
+{
+    bool made = false;
+    const LONG result = Write([&] { return AddMissing(path, names, made); });
+    if (result == ERROR_SUCCESS)
+        created = made;
+    return result;
+}
+
+LONG Store::AddMissing(const std::string& path, const std::vector<std::string>& names, bool& created)
+{
+    bool exists = false;
+    LONG result = Exists(path, exists);
+    if (result == ERROR_SUCCESS && !exists)
+        result = ERROR_KEY_DELETED;
+    std::string parent = path;
+    for (auto name = names.begin(); name != names.end() && result == ERROR_SUCCESS; ++name) {
+        const std::string child = ChildPath(parent, *name);
+        result = Exists(child, exists);
+        created = !exists;
+        if (result == ERROR_SUCCESS && !exists)
+            result = Statement(m_database, Query::AddKey)
+                         .Bind(child)
+                         .Bind(parent)
+                         .Bind(*name)
+                         .Bind(Now())
+                         .Finish();
+        parent = child;
+    }
+    return result;
+}
+
+LONG Store::DeleteKey(const std::string& path)
+{
+    return Write([&]() -> LONG {
+        bool exists = false;
+        if (const LONG result = Exists(path, exists); result != ERROR_SUCCESS || !exists)
+            return result == ERROR_SUCCESS ? ERROR_FILE_NOT_FOUND : result;
+        Statement child(m_database, Query::NthChild);
+        if (child.Bind(path).Bind(std::int64_t{0}).Next())
+            return ERROR_ACCESS_DENIED;
+        const LONG result = Statement(m_database, Query::DropValues).Bind(path).Finish();
+        return result == ERROR_SUCCESS ? Statement(m_database, Query::DropKey).Bind(path).Finish() : result;
+    });
+}
+
+// Also tells whether the key is still there.
+LONG Store::Touch(const std::string& path)
+{
+    bool exists = false;
+    if (const LONG result = Exists(path, exists); result != ERROR_SUCCESS || !exists)
+        return result == ERROR_SUCCESS ? ERROR_KEY_DELETED : result;
+    return Statement(m_database, Query::TouchKey).Bind(Now()).Bind(path).Finish();
+}
+
+LONG Store::PutValue(const std::string& path, const RegistryValue& value)
+{
+    const std::string folded = FoldName(value.name);
+    return Write([&]() -> LONG {
+        const LONG result = Touch(path);
+        return result != ERROR_SUCCESS ? result
+                                       : Statement(m_database, Query::PutValue)
+                                             .Bind(path)
+                                             .Bind(folded)
+                                             .Bind(value.name)
+                                             .Bind(std::int64_t{value.type})
+                                             .Bind(value.data)
+                                             .Finish();
+    });
+}
+
+LONG Store::DeleteValue(const std::string& path, const std::string& name)
+{
+    const std::string folded = FoldName(name);
+    return Write([&]() -> LONG {
+        LONG result = Touch(path);
+        if (result == ERROR_SUCCESS)
+            result = Statement(m_database, Query::DropValue).Bind(path).Bind(folded).Finish();
+        return result == ERROR_SUCCESS && m_database.RowsChanged() == 0 ? ERROR_FILE_NOT_FOUND : result;
+    });
+}
+
+LONG Store::Flush()
+{
+    return Ask([&]() -> LONG {
+        if (m_database.IsReadOnly())
+            return ERROR_SUCCESS;
+        Statement checkpoint(m_database, Query::Checkpoint);
+        if (!checkpoint.Next())
+            return checkpoint.Error();
+        return checkpoint.Number(0) == 0 ? ERROR_SUCCESS : ERROR_REGISTRY_IO_FAILED;
+    });
+}
