@@ -1,8 +1,72 @@
+#include "Environment.h"
+
+#include "Error.h"
+#include "TextAnswer.h"
+
 #include <winbase.h>
 
 #include <cstdlib>
+#include <cstring>
+#include <mutex>
+
+namespace {
+
+std::mutex& EnvironmentLock()
+{
+    static std::mutex lock;
+    return lock;
+}
+
+bool IsVariableName(LPCSTR name)
+{
+    return name && *name && !std::strchr(name, '=');
+}
+
+// `%NAME%` at the text's start becomes the variable's value; the answer is how many characters that took.
+size_t Expand(const std::string& text, std::string& result)
+{
+    const size_t end = text.front() == '%' ? text.find('%', 1) : std::string::npos;
+    const auto value =
+        end == std::string::npos ? std::nullopt : EnvironmentText(text.substr(1, end - 1).c_str());
+    result += value ? *value : text.substr(0, 1);
+    return value ? end + 1 : 1;
+}
+
+} // namespace
+
+std::optional<std::string> EnvironmentText(const char* name)
+{
+    const std::lock_guard lock(EnvironmentLock());
+    const char* value = std::getenv(name);
+    return value ? std::optional<std::string>(value) : std::nullopt;
+}
+
+DWORD WINAPI GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size)
+{
+    const auto value = name ? EnvironmentText(name) : std::nullopt;
+    if (!value)
+        return SetLastError(ERROR_ENVVAR_NOT_FOUND), 0;
+    SetLastError(NO_ERROR);
+    return AnswerText(*value, buffer, size);
+}
 
 BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value)
 {
-    return (value ? setenv(name, value, 1) : unsetenv(name)) == 0;
+    if (!IsVariableName(name))
+        return Fail(ERROR_INVALID_PARAMETER);
+    const std::lock_guard lock(EnvironmentLock());
+    if (!value && !std::getenv(name))
+        return Fail(ERROR_ENVVAR_NOT_FOUND);
+    const int result = value ? setenv(name, value, 1) : unsetenv(name);
+    return result == 0 || FailErrno();
+}
+
+DWORD WINAPI ExpandEnvironmentStringsA(LPCSTR source, LPSTR buffer, DWORD size)
+{
+    std::string rest = source, result;
+    while (!rest.empty())
+        rest.erase(0, Expand(rest, result));
+    if (buffer && result.size() < size)
+        std::memcpy(buffer, result.c_str(), result.size() + 1);
+    return static_cast<DWORD>(result.size() + 1);
 }
