@@ -253,7 +253,8 @@ public:
     void InvokeHelperV(DISPID id, WORD flags, VARTYPE resultType, void* result, const BYTE* parameters,
                        va_list arguments);
 
-    // Puts a property; VT_DISPATCH is put by reference. The value is given as InvokeHelper takes it.
+    // Puts a property; VT_DISPATCH is put by reference. The value is given as InvokeHelper takes it, a
+    // VT_BSTR as an LPCSTR.
     void AFX_CDECL SetProperty(DISPID id, VARTYPE type, ...);
     void GetProperty(DISPID id, VARTYPE type, void* value) const;
 };

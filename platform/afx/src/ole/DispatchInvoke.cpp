@@ -233,6 +233,13 @@ void StoreResult(COleVariant& value, VARTYPE type, void* result)
     }
 }
 
+BYTE ParameterByte(VARTYPE type)
+{
+    if (type == VT_BSTR)
+        return kAnsiText;
+    return static_cast<BYTE>(type & VT_BYREF ? (type & ~VT_BYREF) | VT_MFCBYREF : type);
+}
+
 } // namespace
 
 void COleDispatchDriver::InvokeHelperV(DISPID id, WORD flags, VARTYPE resultType, void* result,
@@ -273,8 +280,7 @@ void AFX_CDECL COleDispatchDriver::InvokeHelper(DISPID id, WORD flags, VARTYPE r
 
 void AFX_CDECL COleDispatchDriver::SetProperty(DISPID id, VARTYPE type, ...)
 {
-    const BYTE parameters[] = {static_cast<BYTE>(type & VT_BYREF ? (type & ~VT_BYREF) | VT_MFCBYREF : type),
-                               0};
+    const BYTE parameters[] = {ParameterByte(type), 0};
     const WORD flags = type == VT_DISPATCH ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
     Source source;
     va_start(source.list, type);
