@@ -4,3 +4,6 @@
 #include <afx.h>
 
 #include "MathFunc.h"
+#include "MSExcel.h"
+#include "MsgDll.h"
+#include "ProductInfo.h"
