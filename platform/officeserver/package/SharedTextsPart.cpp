@@ -3,6 +3,7 @@
 #include "package/ContentTypes.h"
 #include "package/SaveError.h"
 #include "package/XmlText.h"
+#include "spreadsheet/model/Unicode.h"
 
 #include <cerrno>
 

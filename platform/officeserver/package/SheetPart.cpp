@@ -3,6 +3,7 @@
 #include "package/Package.h"
 #include "package/SaveError.h"
 #include "package/XmlText.h"
+#include "spreadsheet/model/Reference.h"
 
 #include <array>
 #include <cerrno>
@@ -23,14 +24,15 @@ std::vector<Letters> MakeLetters()
 {
     std::vector<Letters> table(kColumnCount);
     for (std::uint32_t column = 0; column < kColumnCount; ++column) {
-        const std::string text = ColumnLetters(column);
+        std::string text;
+        AppendColumn(text, column);
         text.copy(table[column].text.data(), text.size());
         table[column].size = static_cast<std::uint8_t>(text.size());
     }
     return table;
 }
 
-void AppendColumn(std::string& piece, std::uint16_t column)
+void AppendLetters(std::string& piece, std::uint16_t column)
 {
     static const std::vector<Letters> table = MakeLetters();
     piece.append(table[column].text.data(), table[column].size);
@@ -151,7 +153,7 @@ void SheetSource::AppendRowHead(std::string& piece, const Row& row) const
 void SheetSource::AppendCell(std::string& piece, const Cell& cell)
 {
     piece += "<c r=\"";
-    AppendColumn(piece, cell.column);
+    AppendLetters(piece, cell.column);
     piece.append(m_rowNumber).append("\"");
     AppendStyle(piece, m_styles.CellFormat(cell.format));
     AppendValue(piece, cell);

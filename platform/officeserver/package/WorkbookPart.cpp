@@ -3,42 +3,14 @@
 #include "package/BookContent.h"
 #include "package/ContentTypes.h"
 #include "package/XmlText.h"
+#include "spreadsheet/model/Reference.h"
+#include "spreadsheet/model/Unicode.h"
 
 #include <algorithm>
 #include <tuple>
 
 namespace zek::office {
 namespace {
-
-bool IsLetter(char c)
-{
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-// "A1", "XFD9", and what the row-and-column notation would take: "R", "C", "R2C3".
-bool LooksLikeCell(std::string_view name)
-{
-    const auto first = std::find_if_not(name.begin(), name.end(), IsLetter);
-    const bool lettersAndDigits = first != name.end() && std::all_of(first, name.end(), IsDigit);
-    if (lettersAndDigits && first - name.begin() <= 3)
-        return true;
-    const bool rowOrColumn = name[0] == 'R' || name[0] == 'r' || name[0] == 'C' || name[0] == 'c';
-    return rowOrColumn && std::all_of(name.begin() + 1, name.end(),
-                                      [](char c) { return IsDigit(c) || c == 'C' || c == 'c'; });
-}
-
-bool IsPlainWord(std::string_view name)
-{
-    if (name.empty() || IsDigit(name[0]) || LooksLikeCell(name))
-        return false;
-    return std::all_of(name.begin(), name.end(),
-                       [](char c) { return IsLetter(c) || IsDigit(c) || c == '_'; });
-}
 
 void AddViews(pugi::xml_node root, const Workbook& book)
 {
@@ -83,13 +55,13 @@ struct StoredName {
 
 std::string PrintTitles(const Sheet& sheet)
 {
-    const std::string prefix = QuotedSheetName(sheet.Name()) + "!";
+    const std::string prefix = SheetPrefix(sheet.Name());
     std::string titles;
     if (const auto& columns = sheet.page.titleColumns)
-        titles = prefix + AbsoluteReference({0, columns->first, kRowCount - 1, columns->last});
+        titles = prefix + BlockText({0, columns->first, kRowCount - 1, columns->last});
     if (const auto& rows = sheet.page.titleRows)
-        titles += (titles.empty() ? "" : ",") + prefix +
-                  AbsoluteReference({rows->first, 0, rows->last, kColumnCount - 1});
+        titles +=
+            (titles.empty() ? "" : ",") + prefix + BlockText({rows->first, 0, rows->last, kColumnCount - 1});
     return titles;
 }
 
@@ -97,15 +69,8 @@ std::string PrintArea(const Sheet& sheet)
 {
     std::string area;
     for (const Block& block : sheet.page.printArea)
-        area += (area.empty() ? "" : ",") + QuotedSheetName(sheet.Name()) + "!" + AbsoluteReference(block);
+        area += (area.empty() ? "" : ",") + SheetPrefix(sheet.Name()) + BlockText(block);
     return area;
-}
-
-std::string LowerCase(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
 }
 
 // All names, in the order in which programs store them: by name without case, then by sheet.
@@ -123,7 +88,7 @@ std::vector<StoredName> CollectNames(const Workbook& book)
             names.push_back({"_xlnm.Print_Titles", i, PrintTitles(sheet), true});
     }
     std::stable_sort(names.begin(), names.end(), [](const StoredName& a, const StoredName& b) {
-        return std::make_tuple(LowerCase(a.name), a.scope) < std::make_tuple(LowerCase(b.name), b.scope);
+        return std::make_tuple(FoldCase(a.name), a.scope) < std::make_tuple(FoldCase(b.name), b.scope);
     });
     return names;
 }
@@ -147,33 +112,15 @@ void AddNames(pugi::xml_node root, const Workbook& book)
 
 } // namespace
 
-std::string QuotedSheetName(std::string_view name)
-{
-    if (IsPlainWord(name))
-        return std::string(name);
-    std::string quoted = "'";
-    for (char c : name)
-        quoted.append(c == '\'' ? 2 : 1, c);
-    return quoted + "'";
-}
-
-std::string AbsoluteReference(const Block& block)
-{
-    auto column = [](std::uint32_t number) { return "$" + ColumnLetters(number); };
-    auto row = [](std::uint32_t number) { return "$" + std::to_string(number + 1); };
-    if (block.HasAllColumns())
-        return row(block.firstRow) + ":" + row(block.lastRow);
-    if (block.HasAllRows())
-        return column(block.firstColumn) + ":" + column(block.lastColumn);
-    const std::string first = column(block.firstColumn) + row(block.firstRow);
-    return block.IsOneCell() ? first : first + ":" + column(block.lastColumn) + row(block.lastRow);
-}
-
 std::string RelativeReference(const Block& block)
 {
-    const std::string first = ColumnLetters(block.firstColumn) + std::to_string(block.firstRow + 1);
-    const std::string last = ColumnLetters(block.lastColumn) + std::to_string(block.lastRow + 1);
-    return block.IsOneCell() ? first : first + ":" + last;
+    std::string text;
+    AppendColumn(text, block.firstColumn);
+    text += std::to_string(block.firstRow + 1);
+    if (block.IsOneCell())
+        return text;
+    AppendColumn(text += ':', block.lastColumn);
+    return text + std::to_string(block.lastRow + 1);
 }
 
 void BuildWorkbook(pugi::xml_document& document, const BookContent& content,

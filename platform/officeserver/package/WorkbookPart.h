@@ -4,7 +4,6 @@
 #include <pugixml.hpp>
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace zek::office {
@@ -16,14 +15,7 @@ struct BookContent;
 void BuildWorkbook(pugi::xml_document& document, const BookContent& content,
                    const std::vector<std::string>& sheetRelations);
 
-// A sheet's name as formulas write it: in apostrophes unless it is a plain word that no reader can take
-// for a cell.
-std::string QuotedSheetName(std::string_view name);
-
-// "$A$1:$C$4"; one cell is "$A$1", whole rows are "$1:$4", whole columns "$A:$C".
-std::string AbsoluteReference(const Block& block);
-
-// "A1:C4"; one cell is "A1".
+// "A1:C4"; one cell is "A1", whole rows and columns have no short form here.
 std::string RelativeReference(const Block& block);
 
 } // namespace zek::office

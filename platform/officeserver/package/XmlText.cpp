@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
 namespace zek::office {
@@ -165,17 +166,6 @@ bool NeedsPreservedSpace(std::string_view text)
     return !text.empty() && (isSpace(text.front()) || isSpace(text.back()));
 }
 
-std::size_t Utf16Length(std::string_view text)
-{
-    std::size_t units = 0;
-    while (!text.empty()) {
-        const Decoded front = KindOf(text[0]) == Byte::Wide ? DecodeFront(text) : Decoded{U' ', 1};
-        units += front.code > 0xFFFF ? 2 : 1;
-        text.remove_prefix(front.size);
-    }
-    return units;
-}
-
 void AppendNumber(std::string& out, double value)
 {
     // Whole numbers are written digit by digit: 100000 and not 1e+05.
@@ -192,14 +182,6 @@ std::string NumberText(double value)
     std::string text;
     AppendNumber(text, value);
     return text;
-}
-
-std::string ColumnLetters(std::uint32_t column)
-{
-    std::string letters;
-    for (std::uint32_t rest = column + 1; rest > 0; rest = (rest - 1) / 26)
-        letters.insert(letters.begin(), static_cast<char>('A' + (rest - 1) % 26));
-    return letters;
 }
 
 } // namespace zek::office

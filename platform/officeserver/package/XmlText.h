@@ -1,9 +1,8 @@
-// Text for XML parts: escaping, numbers, cell references. Nothing here follows the locale.
+// Text for XML parts: escaping and numbers. Nothing here follows the locale.
 //
 // All functions append to a string, which is how sheet data is streamed.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -25,14 +24,8 @@ void AppendStoredText(std::string& out, std::string_view text);
 // True for text that a reader would trim without xml:space="preserve".
 bool NeedsPreservedSpace(std::string_view text);
 
-// The number of UTF-16 units of a text (UTF-8), which is what its limits count.
-std::size_t Utf16Length(std::string_view text);
-
 // The shortest decimal number that reads back as `value`, which must be finite; 0 for minus zero.
 void AppendNumber(std::string& out, double value);
 std::string NumberText(double value);
-
-// 0 gives "A", 25 "Z", 26 "AA", 16383 "XFD".
-std::string ColumnLetters(std::uint32_t column);
 
 } // namespace zek::office

@@ -82,6 +82,8 @@ struct ZipReader::Input {
 ZipReader::ZipReader(ByteSource& bytes, const ReadLimits& limits)
     : m_limits(limits), m_input(new Input{bytes, m_failure})
 {
+    if (bytes.Size() == 0) // which the library takes for an archive without entries
+        Fail("the archive", "it is empty");
     zip_error_t error;
     zip_error_init(&error);
     zip_source_t* source = zip_source_function_create(Input::Callback, m_input.get(), &error);
