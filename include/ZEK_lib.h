@@ -4,6 +4,7 @@
 #include <afx.h>
 
 #include "MathFunc.h"
+#include "Registry.h"
 #include "MSExcel.h"
 #include "MsgDll.h"
 #include "ProductInfo.h"

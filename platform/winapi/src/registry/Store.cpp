@@ -1,6 +1,6 @@
 #include "Store.h"
 
-#include "Home.h"
+#include "../Home.h"
 #include "KeyPath.h"
 
 #include <winerror.h>
