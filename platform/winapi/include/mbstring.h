@@ -13,8 +13,6 @@ WINBASEAPI int _mbscmp(const unsigned char* a, const unsigned char* b);
 WINBASEAPI int _mbsicmp(const unsigned char* a, const unsigned char* b);
 WINBASEAPI int _mbsncmp(const unsigned char* a, const unsigned char* b, size_t n);
 WINBASEAPI int _mbsnicmp(const unsigned char* a, const unsigned char* b, size_t n);
-WINBASEAPI int _mbsnbcmp(const unsigned char* a, const unsigned char* b, size_t nb);
-WINBASEAPI int _mbsnbicmp(const unsigned char* a, const unsigned char* b, size_t nb);
 // Differs: as _mbscmp and _mbsicmp, not by the language's dictionary.
 WINBASEAPI int _mbscoll(const unsigned char* a, const unsigned char* b);
 WINBASEAPI int _mbsicoll(const unsigned char* a, const unsigned char* b);
@@ -51,5 +49,3 @@ WINBASEAPI unsigned char* _mbslwr(unsigned char* text);
 WINBASEAPI unsigned char* _mbsrev(unsigned char* text);
 // Copies at most `nb` bytes, no half character, and fills the rest with zeros.
 WINBASEAPI unsigned char* _mbsnbcpy(unsigned char* to, const unsigned char* from, size_t nb);
-WINBASEAPI unsigned char* _mbscpy(unsigned char* to, const unsigned char* from);
-WINBASEAPI unsigned char* _mbscat(unsigned char* to, const unsigned char* from);

@@ -21,10 +21,11 @@ WINBASEAPI void WINAPI SetLastError(DWORD code);
 #define FORMAT_MESSAGE_ARGUMENT_ARRAY 0x2000u
 #define FORMAT_MESSAGE_MAX_WIDTH_MASK 0x00ffu
 
-// The text of system error `id`, or the text at `source` with its inserts (%1 .. %99, `%1!printf form!`).
-// With ALLOCATE_BUFFER `buffer` points at a pointer that receives memory for LocalFree. Answers the length
-// without the terminator, 0 on failure (ERROR_MR_MID_NOT_FOUND, ERROR_INSUFFICIENT_BUFFER).
-// Differs: English texts only; no message tables of modules; no line width.
+// The text of system error or HRESULT `id`, with a line end (with MAX_WIDTH_MASK: a blank) behind it. With
+// ALLOCATE_BUFFER `buffer` points at a pointer that receives at least `size` bytes for LocalFree. Answers the
+// length without the terminator, 0 on failure (ERROR_MR_MID_NOT_FOUND, ERROR_INSUFFICIENT_BUFFER).
+// Differs: FROM_SYSTEM only (else ERROR_INVALID_PARAMETER), English texts for the codes that the adapter
+// raises, no other line width.
 WINBASEAPI DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID source, DWORD id, DWORD language, LPSTR buffer,
                                        DWORD size, va_list* arguments);
 #define FormatMessage FormatMessageA
@@ -116,18 +117,6 @@ WINBASEAPI BOOL WINAPI WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LP
 WINBASEAPI BOOL WINAPI WriteProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value);
 #define WriteProfileString WriteProfileStringA
 
-// Text in the ANSI code page. A null text is the empty text for lstrlenA.
+// The length in bytes; 0 for a null text.
 WINBASEAPI int WINAPI lstrlenA(LPCSTR text);
 #define lstrlen lstrlenA
-WINBASEAPI LPSTR WINAPI lstrcpyA(LPSTR to, LPCSTR from);
-#define lstrcpy lstrcpyA
-// Copies at most `count` - 1 characters and terminates.
-WINBASEAPI LPSTR WINAPI lstrcpynA(LPSTR to, LPCSTR from, int count);
-#define lstrcpyn lstrcpynA
-WINBASEAPI LPSTR WINAPI lstrcatA(LPSTR to, LPCSTR from);
-#define lstrcat lstrcatA
-// Compare by characters, not by the language's dictionary. Differs: Windows orders as a dictionary does.
-WINBASEAPI int WINAPI lstrcmpA(LPCSTR a, LPCSTR b);
-#define lstrcmp lstrcmpA
-WINBASEAPI int WINAPI lstrcmpiA(LPCSTR a, LPCSTR b);
-#define lstrcmpi lstrcmpiA

@@ -75,7 +75,6 @@ using LPCPINFO = CPINFO*;
 
 WINBASEAPI UINT WINAPI GetACP();
 WINBASEAPI UINT WINAPI GetOEMCP();
-WINBASEAPI BOOL WINAPI IsValidCodePage(UINT codePage);
 // Fails with ERROR_INVALID_PARAMETER for a code page that is not offered.
 WINBASEAPI BOOL WINAPI GetCPInfo(UINT codePage, LPCPINFO info);
 WINBASEAPI BOOL WINAPI IsDBCSLeadByte(BYTE byte);
@@ -98,18 +97,9 @@ WINBASEAPI int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wi
 WINBASEAPI LANGID WINAPI GetSystemDefaultLangID();
 WINBASEAPI LANGID WINAPI GetUserDefaultLangID();
 WINBASEAPI LANGID WINAPI GetUserDefaultUILanguage();
-WINBASEAPI LANGID WINAPI GetSystemDefaultUILanguage();
-WINBASEAPI LCID WINAPI GetSystemDefaultLCID();
-WINBASEAPI LCID WINAPI GetUserDefaultLCID();
-WINBASEAPI LCID WINAPI GetThreadLocale();
 
 // The text's length with its terminator; with `size` 0 the size needed.
 // Differs: language numbers, code pages and the decimal and thousands separators only; any other type fails
 // with ERROR_INVALID_FLAGS.
 WINBASEAPI int WINAPI GetLocaleInfoA(LCID locale, LCTYPE type, LPSTR buffer, int size);
 #define GetLocaleInfo GetLocaleInfoA
-
-// CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN; 0 on failure. A length of -1 means up to the terminator.
-// Differs: orders by letters without regard to case first, then by case, not by the language's dictionary.
-WINBASEAPI int WINAPI CompareStringA(LCID locale, DWORD flags, LPCSTR a, int lengthA, LPCSTR b, int lengthB);
-#define CompareString CompareStringA
