@@ -32,6 +32,15 @@ void AddProperties(pugi::xml_node root, const Sheet& sheet)
         root.append_child("sheetPr").append_child("pageSetUpPr").append_attribute("fitToPage") = "1";
 }
 
+// Merged areas count as used, whether they hold cells or not.
+Block Dimension(const Sheet& sheet)
+{
+    Block used = sheet.UsedBlock();
+    for (const Block& area : sheet.Merges().All())
+        used = used.Union(area);
+    return used;
+}
+
 void AddPane(pugi::xml_node view, const SheetView& state)
 {
     pugi::xml_node pane = view.append_child("pane");
@@ -242,7 +251,7 @@ void BuildSheetFrame(pugi::xml_document& document, const Sheet& sheet, const Sty
     root.append_attribute("xmlns") = kSheetNamespace;
     root.append_attribute("xmlns:r") = kRelationNamespace;
     AddProperties(root, sheet);
-    root.append_child("dimension").append_attribute("ref") = RelativeReference(sheet.UsedBlock()).c_str();
+    root.append_child("dimension").append_attribute("ref") = RelativeReference(Dimension(sheet)).c_str();
     AddViews(root, sheet.view, selected);
     AddDefaultSizes(root, sheet);
     AddColumns(root, sheet, styles);
