@@ -3,7 +3,11 @@
 
 namespace {
 
-constexpr double kPointsPerMillimetre = 72 / 25.4;
+// 72 points are 25.4 millimetres. Whole numbers, for 25.4 is none that a double holds.
+double PointsOf(double millimetres)
+{
+    return millimetres * 720 / 254;
+}
 
 } // namespace
 
@@ -41,17 +45,16 @@ void CMSExcel::SetPageSetup(XlPageOrientation orientation, XlPaperSize paperSize
 
 double CMSExcel::GetValueFromMilimeterToPoint()
 {
-    return kPointsPerMillimetre;
+    return 2.834645669291339;
 }
 
 void CMSExcel::SetMargin(double left, double right, double top, double bottom)
 {
-    const double points = GetValueFromMilimeterToPoint();
     m_pageSetup.AttachDispatch(m_worksheet.GetPageSetup());
-    m_pageSetup.SetLeftMargin(left * points);
-    m_pageSetup.SetRightMargin(right * points);
-    m_pageSetup.SetTopMargin(top * points);
-    m_pageSetup.SetBottomMargin(bottom * points);
+    m_pageSetup.SetLeftMargin(PointsOf(left));
+    m_pageSetup.SetRightMargin(PointsOf(right));
+    m_pageSetup.SetTopMargin(PointsOf(top));
+    m_pageSetup.SetBottomMargin(PointsOf(bottom));
 }
 
 void CMSExcel::SetHPageBreakBeforeActiveCell(CString cell)
