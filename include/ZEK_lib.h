@@ -3,11 +3,8 @@
 
 #include <afx.h>
 
-#include "CompFunc.h"
-#include "MSExcel.h"
 #include "MathFunc.h"
-#include "MsgDll.h"
-#include "NumericOptimizer.h"
-#include "ProductInfo.h"
-#include "QSort.h"
 #include "Registry.h"
+#include "MSExcel.h"
+#include "MsgDll.h"
+#include "ProductInfo.h"
