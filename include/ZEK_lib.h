@@ -8,3 +8,4 @@
 #include "MSExcel.h"
 #include "MsgDll.h"
 #include "ProductInfo.h"
+#include "TextFile.h"
