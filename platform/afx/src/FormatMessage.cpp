@@ -21,12 +21,10 @@ LPCSTR WriteInsert(std::string& out, LPCSTR next, std::size_t number, const AFX_
                    std::size_t count)
 {
     std::string format = "%s";
-    if (*next == '!') {
-        const char* end = std::strchr(next + 1, '!');
-        if (!end)
-            return next;
-        format.assign(next + 1, end);
-        format.insert(0, 1, '%');
+    const char* end = *next == '!' ? std::strchr(next + 1, '!') : nullptr;
+    if (end) {
+        format.assign(1, '%');
+        format.append(next + 1, end);
         next = end + 1;
     }
     if (number <= count) {
