@@ -3,9 +3,12 @@
 
 #include <afx.h>
 
-#include "MathFunc.h"
-#include "Registry.h"
+#include "CompFunc.h"
 #include "MSExcel.h"
+#include "MathFunc.h"
 #include "MsgDll.h"
+#include "NumericOptimizer.h"
 #include "ProductInfo.h"
+#include "QSort.h"
+#include "Registry.h"
 #include "TextFile.h"
