@@ -88,178 +88,149 @@ bool IsNameCharacter(char c)
            c == '_' || c == '-' || c == '.' || static_cast<unsigned char>(c) >= 0x80;
 }
 
-// What the functions that take a token from the front of a text answer instead of its size.
-constexpr std::size_t kIncomplete = std::string_view::npos;
-constexpr std::size_t kBroken = kIncomplete - 1;
-
-std::size_t NameSize(std::string_view text)
+// Cuts the name off the front; "" when there is none.
+std::string_view CutName(std::string_view& text)
 {
-    if (text.empty() || (text[0] >= '0' && text[0] <= '9') || text[0] == '-' || text[0] == '.')
-        return 0;
     std::size_t size = 0;
     while (size < text.size() && IsNameCharacter(text[size]))
         ++size;
-    return size;
+    if (size > 0 && ((text[0] >= '0' && text[0] <= '9') || text[0] == '-' || text[0] == '.'))
+        size = 0;
+    const std::string_view name = text.substr(0, size);
+    text.remove_prefix(size);
+    return name;
 }
 
-std::size_t SpaceSize(std::string_view text)
+// Cuts ` name="value"` off the front; "" when it is none.
+std::string_view CutAttribute(std::string_view& text)
 {
-    return std::min(text.find_first_not_of(kSpaces), text.size());
+    const std::size_t start = text.find_first_not_of(kSpaces);
+    if (start == 0 || start == std::string_view::npos)
+        return {};
+    text.remove_prefix(start);
+    const std::string_view name = CutName(text);
+    if (name.empty() || text.size() < 3 || text[0] != '=' || (text[1] != '"' && text[1] != '\''))
+        return {};
+    const std::size_t end = text.find(text[1], 2);
+    if (end == std::string_view::npos || !IsText(text.substr(2, end - 2)))
+        return {};
+    text.remove_prefix(end + 1);
+    return name;
 }
 
-// The attributes of one tag, from which a name that comes twice is told.
-struct Attributes {
-    static constexpr std::size_t kMany = 64; // more than any tag of ours has
+bool AreAttributes(std::string_view text)
+{
+    constexpr std::size_t kMany = 64; // more than any tag of ours has
     std::array<std::string_view, kMany> names;
     std::size_t count = 0;
-
-    bool Add(std::string_view name)
-    {
+    while (text.find_first_not_of(kSpaces) != std::string_view::npos) {
+        const std::string_view name = CutAttribute(text);
         const auto end = names.begin() + static_cast<std::ptrdiff_t>(count);
-        if (count == kMany || std::find(names.begin(), end, name) != end)
+        if (name.empty() || count == kMany || std::find(names.begin(), end, name) != end)
             return false;
         names[count++] = name;
-        return true;
     }
-};
-
-// Takes `name="value"`.
-std::size_t TakeAttribute(std::string_view text, Attributes& attributes)
-{
-    const std::size_t name = NameSize(text);
-    if (name + 2 >= text.size())
-        return kIncomplete;
-    const char quote = text[name + 1];
-    if (name == 0 || text[name] != '=' || (quote != '"' && quote != '\''))
-        return kBroken;
-    const std::size_t start = name + 2;
-    const std::size_t end = text.find(quote, start);
-    if (end == std::string_view::npos)
-        return kIncomplete;
-    if (!IsText(text.substr(start, end - start)) || !attributes.Add(text.substr(0, name)))
-        return kBroken;
-    return end + 1;
+    return true;
 }
 
-// Takes the attributes behind a tag's name, up to its "/>" or ">".
-std::size_t TakeAttributes(std::string_view text)
+// True when the tag, whose last character is '>', ends there and not inside a value or a comment.
+bool IsWholeTag(std::string_view tag)
 {
-    Attributes attributes;
-    for (std::size_t at = 0;;) {
-        const std::size_t spaces = SpaceSize(text.substr(at));
-        at += spaces;
-        if (at == text.size())
-            return kIncomplete;
-        if (text[at] == '>' || text[at] == '/')
-            return at;
-        const std::size_t size = spaces > 0 ? TakeAttribute(text.substr(at), attributes) : kBroken;
-        if (size >= kBroken)
-            return size;
-        at += size;
-    }
+    if (tag.starts_with("<?"))
+        return tag.size() >= 4 && tag.ends_with("?>");
+    if (tag.starts_with("<!--"))
+        return tag.size() >= 7 && tag.ends_with("-->");
+    if (tag.starts_with("<![CDATA["))
+        return tag.size() >= 12 && tag.ends_with("]]>");
+    char quote = 0;
+    for (char c : tag)
+        if (quote == 0 && (c == '"' || c == '\''))
+            quote = c;
+        else if (c == quote)
+            quote = 0;
+    return quote == 0;
 }
-
-struct Section {
-    std::string_view begin, end;
-    bool insideRoot; // may stand in an element only
-};
-constexpr Section kSections[] = {{"<?", "?>", false}, {"<!--", "-->", false}, {"<![CDATA[", "]]>", true}};
 
 } // namespace
 
+// The size of the rest of the token at the front of `piece`; npos when it does not end there.
+std::size_t XmlCheck::TokenEnd(std::string_view piece) const
+{
+    if (!m_inTag)
+        return piece.find('<');
+    for (std::size_t end = piece.find('>'); end != std::string_view::npos; end = piece.find('>', end + 1)) {
+        const std::string_view here = piece.substr(0, end + 1);
+        if (m_token.empty() ? IsWholeTag(here) : IsWholeTag(m_token + std::string(here)))
+            return end + 1;
+    }
+    return std::string_view::npos;
+}
+
 bool XmlCheck::Add(const char* data, std::size_t size)
 {
-    std::string joined;
-    joined.swap(m_rest);
-    if (!joined.empty())
-        joined.append(data, size);
-    std::string_view text = joined.empty() ? std::string_view(data, size) : joined;
-    while (!m_broken && !text.empty()) {
-        const std::size_t taken = TakeToken(text);
-        if (taken == kIncomplete)
+    std::string_view piece(data, size);
+    while (!m_broken && !piece.empty()) {
+        const std::size_t end = TokenEnd(piece);
+        if (end == std::string_view::npos) {
+            m_token.append(piece);
             break;
-        m_broken = taken == kBroken;
-        text.remove_prefix(m_broken ? text.size() : taken);
+        }
+        if (m_token.empty())
+            m_broken = !TakeToken(piece.substr(0, end));
+        else
+            m_broken = !TakeToken(m_token.append(piece.substr(0, end)));
+        m_token.clear();
+        piece.remove_prefix(end);
+        m_inTag = !m_inTag;
     }
-    m_rest = text;
     return !m_broken;
 }
 
 bool XmlCheck::IsComplete() const
 {
-    return !m_broken && m_rootSeen && m_open.empty() && SpaceSize(m_rest) == m_rest.size();
+    return !m_broken && m_rootSeen && m_open.empty() && !m_inTag &&
+           m_token.find_first_not_of(kSpaces) == std::string::npos;
 }
 
-std::size_t XmlCheck::TakeToken(std::string_view text)
+bool XmlCheck::TakeToken(std::string_view token)
 {
-    if (text[0] != '<')
-        return TakeText(text);
-    if (text.size() < 2)
-        return kIncomplete;
-    if (text[1] == '/')
-        return TakeEndTag(text);
-    return text[1] == '?' || text[1] == '!' ? TakeDeclaration(text) : TakeStartTag(text);
+    return m_inTag ? TakeTag(token) : TakeText(token);
 }
 
-std::size_t XmlCheck::TakeText(std::string_view text)
+bool XmlCheck::TakeText(std::string_view text) const
 {
-    const std::size_t end = text.find('<');
-    if (end == std::string_view::npos)
-        return kIncomplete;
-    text = text.substr(0, end);
-    const bool good = m_open.empty() ? SpaceSize(text) == text.size() : IsText(text);
-    return good ? end : kBroken;
+    return m_open.empty() ? text.find_first_not_of(kSpaces) == std::string_view::npos : IsText(text);
 }
 
-std::size_t XmlCheck::TakeDeclaration(std::string_view text)
+bool XmlCheck::TakeTag(std::string_view tag)
 {
-    for (const Section& section : kSections) {
-        if (!text.starts_with(section.begin)) {
-            if (section.begin.starts_with(text))
-                return kIncomplete;
-            continue;
-        }
-        const std::size_t end = text.find(section.end, section.begin.size());
-        if (section.insideRoot && m_open.empty())
-            return kBroken;
-        return end == std::string_view::npos ? kIncomplete : end + section.end.size();
+    if (tag.starts_with("<?") || tag.starts_with("<!--"))
+        return true;
+    if (tag.starts_with("<!"))
+        return tag.starts_with("<![CDATA[") && !m_open.empty();
+    if (tag.starts_with("</"))
+        return TakeEndTag(tag.substr(2, tag.size() - 3));
+    const bool empty = tag.ends_with("/>");
+    std::string_view rest = tag.substr(1, tag.size() - (empty ? 3 : 2));
+    const std::string_view name = CutName(rest);
+    if (name.empty() || (m_open.empty() && m_rootSeen) || !AreAttributes(rest))
+        return false;
+    m_rootSeen = true;
+    if (!empty) {
+        m_open.push_back(m_names.size());
+        m_names.append(name);
     }
-    return kBroken;
+    return true;
 }
 
-std::size_t XmlCheck::TakeEndTag(std::string_view text)
+bool XmlCheck::TakeEndTag(std::string_view name)
 {
-    const std::size_t end = text.find('>');
-    if (end == std::string_view::npos)
-        return kIncomplete;
-    const std::string_view inside = text.substr(2, end - 2);
-    const std::string_view name = inside.substr(0, inside.find_last_not_of(kSpaces) + 1);
+    name = name.substr(0, name.find_last_not_of(kSpaces) + 1);
     if (m_open.empty() || std::string_view(m_names).substr(m_open.back()) != name)
-        return kBroken;
+        return false;
     m_names.resize(m_open.back());
     m_open.pop_back();
-    return end + 1;
-}
-
-std::size_t XmlCheck::TakeStartTag(std::string_view text)
-{
-    const std::string_view name = text.substr(1, NameSize(text.substr(1)));
-    const std::size_t attributes = TakeAttributes(text.substr(1 + name.size()));
-    if (attributes == kIncomplete)
-        return kIncomplete;
-    if (attributes == kBroken || name.empty() || (m_open.empty() && m_rootSeen))
-        return kBroken;
-    const std::size_t end = 1 + name.size() + attributes;
-    if (text.substr(end).starts_with("/>")) {
-        m_rootSeen = true;
-        return end + 2;
-    }
-    if (text[end] != '>')
-        return end + 1 == text.size() ? kIncomplete : kBroken;
-    m_rootSeen = true;
-    m_open.push_back(m_names.size());
-    m_names.append(name);
-    return end + 1;
+    return true;
 }
 
 } // namespace zek::office

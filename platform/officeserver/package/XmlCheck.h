@@ -24,15 +24,16 @@ public:
     bool IsComplete() const;
 
 private:
-    std::size_t TakeToken(std::string_view text);
-    std::size_t TakeText(std::string_view text);
-    std::size_t TakeDeclaration(std::string_view text);
-    std::size_t TakeEndTag(std::string_view text);
-    std::size_t TakeStartTag(std::string_view text);
+    std::size_t TokenEnd(std::string_view piece) const;
+    bool TakeToken(std::string_view token);
+    bool TakeText(std::string_view text) const;
+    bool TakeTag(std::string_view tag);
+    bool TakeEndTag(std::string_view name);
 
     bool m_broken = false;
     bool m_rootSeen = false;
-    std::string m_rest;              // the beginning of a token whose end has not come yet
+    bool m_inTag = false;            // the token begins with '<'
+    std::string m_token;             // as much of it as earlier pieces held
     std::string m_names;             // of the open elements, one after the other
     std::vector<std::size_t> m_open; // where each of them begins
 };
