@@ -1,8 +1,0 @@
-#include "io.h"
-
-#include <unistd.h>
-
-int _isatty(int descriptor)
-{
-    return isatty(descriptor);
-}
