@@ -106,12 +106,30 @@ private:
     std::string m_result;
 };
 
+bool MoveReference(CellReference& cell, AreaKind kind, std::int64_t rows, std::int64_t columns)
+{
+    const std::int64_t row = cell.row + (cell.rowAbsolute || kind == AreaKind::Columns ? 0 : rows);
+    const std::int64_t column = cell.column + (cell.columnAbsolute || kind == AreaKind::Rows ? 0 : columns);
+    cell.row = static_cast<std::uint32_t>(row);
+    cell.column = static_cast<std::uint32_t>(column);
+    return row >= 0 && row < kRowCount && column >= 0 && column < kColumnCount;
+}
+
 } // namespace
 
 std::string RewriteReferences(std::string_view formula,
                               const std::function<Rewrite(FormulaReference&)>& rewrite)
 {
     return Rewriter(formula, rewrite).Run();
+}
+
+std::string MovedFormula(std::string_view formula, std::int64_t rows, std::int64_t columns)
+{
+    return RewriteReferences(formula, [=](FormulaReference& reference) {
+        const bool fits = MoveReference(reference.area.first, reference.area.kind, rows, columns) &&
+                          MoveReference(reference.area.last, reference.area.kind, rows, columns);
+        return fits ? Rewrite::Change : Rewrite::Lose;
+    });
 }
 
 bool ShiftSpan(std::uint32_t& first, std::uint32_t& last, std::uint32_t at, std::uint32_t count, bool insert,

@@ -7,25 +7,6 @@
 namespace zek::office {
 namespace {
 
-bool MoveReference(CellReference& cell, AreaKind kind, std::int64_t rows, std::int64_t columns)
-{
-    const std::int64_t row = cell.row + (cell.rowAbsolute || kind == AreaKind::Columns ? 0 : rows);
-    const std::int64_t column = cell.column + (cell.columnAbsolute || kind == AreaKind::Rows ? 0 : columns);
-    cell.row = static_cast<std::uint32_t>(row);
-    cell.column = static_cast<std::uint32_t>(column);
-    return row >= 0 && row < kRowCount && column >= 0 && column < kColumnCount;
-}
-
-// The formula as it reads that many rows and columns further on.
-std::string MovedFormula(const std::string& formula, std::int64_t rows, std::int64_t columns)
-{
-    return RewriteReferences(formula, [=](FormulaReference& reference) {
-        const bool fits = MoveReference(reference.area.first, reference.area.kind, rows, columns) &&
-                          MoveReference(reference.area.last, reference.area.kind, rows, columns);
-        return fits ? Rewrite::Change : Rewrite::Lose;
-    });
-}
-
 Block Moved(const Block& area, std::int64_t rows, std::int64_t columns)
 {
     const auto move = [](std::uint32_t at, std::int64_t by) { return static_cast<std::uint32_t>(at + by); };
