@@ -80,7 +80,7 @@ WINBASEAPI HRESULT WINAPI VariantCopy(VARIANTARG* to, VARIANTARG* from);
 // As VariantCopy, but a reference is followed and what it refers to is copied.
 WINBASEAPI HRESULT WINAPI VariantCopyInd(VARIANT* to, VARIANTARG* from);
 // Converts; `to` and `from` may be the same. On failure `to` is unchanged.
-// Halves round to even. DISP_E_OVERFLOW: beyond the target's range; DISP_E_TYPEMISMATCH: a text that is no
+// Halves round to even; signed and unsigned numbers of one width pass as bits. DISP_E_OVERFLOW: beyond the target's range; DISP_E_TYPEMISMATCH: a text that is no
 // number, or kinds that do not convert; DISP_E_BADVARTYPE: no such kind.
 // Differs: texts and numbers convert as for US English whatever `lcid` says, and never by the process's
 // locale; dates read and write "month/day/year hour:minute:second AM" alone.

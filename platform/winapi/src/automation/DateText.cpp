@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kDayZero = 693593; // 1899-12-30 counted from 0000-12-31
+constexpr int kDayZero = 693594; // 1899-12-30 when 0001-01-01 is day 1
 constexpr double kFirstDate = -657434;
 constexpr double kDateEnd = 2958466;
 constexpr int kSecondsPerDay = 86400;
@@ -178,8 +178,9 @@ bool PartsOfDate(DATE date, DateParts& parts)
 
 DATE DateOfParts(const DateParts& parts)
 {
-    const double day = DayNumber(parts.year, parts.month, parts.day);
-    const double time = (parts.hour * 3600 + parts.minute * 60 + parts.second) / double{kSecondsPerDay};
+    const int seconds = parts.hour * 3600 + parts.minute * 60 + parts.second;
+    const double day = DayNumber(parts.year, parts.month, parts.day) + seconds / kSecondsPerDay;
+    const double time = seconds % kSecondsPerDay / double{kSecondsPerDay};
     return day < 0 ? day - time : day + time;
 }
 
@@ -218,14 +219,13 @@ bool ParseDate(std::u16string_view text, DateParts& parts)
 
 INT WINAPI SystemTimeToVariantTime(LPSYSTEMTIME time, DOUBLE* date)
 {
-    if (!time || !date || time->wMonth < 1 || time->wMonth > 12 || time->wDay < 1 || time->wDay > 31 ||
-        time->wHour > 23 || time->wMinute > 59 || time->wSecond > 59)
+    if (!time || !date || time->wMonth < 1 || time->wMonth > 12 || time->wDay < 1 || time->wDay > 31)
         return FALSE;
     const int year = FullYear(time->wYear);
     if (year < 100 || year > 9999)
         return FALSE;
     *date = DateOfParts({year, time->wMonth, time->wDay, time->wHour, time->wMinute, time->wSecond});
-    return TRUE;
+    return IsDateInRange(*date);
 }
 
 INT WINAPI VariantTimeToSystemTime(DOUBLE date, LPSYSTEMTIME time)

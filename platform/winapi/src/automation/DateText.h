@@ -14,7 +14,7 @@ struct DateParts {
 // False outside the years 100 to 9999.
 bool PartsOfDate(DATE date, DateParts& parts);
 
-// The date of valid parts; a day beyond its month's end counts on into the next.
+// What lies beyond the end of its minute, hour, day or month counts on into the next.
 DATE DateOfParts(const DateParts& parts);
 
 bool IsDateInRange(double date);

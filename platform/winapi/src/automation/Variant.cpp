@@ -109,7 +109,7 @@ bool IsVariantType(VARTYPE vt)
         return false;
     if (base == VT_EMPTY || base == VT_NULL)
         return vt == base;
-    return ElementSize(base) != 0 && (base != VT_VARIANT || vt != base);
+    return ElementSize(base) != 0;
 }
 
 HRESULT FollowReference(const VARIANTARG& value, VARIANTARG& target)

@@ -138,21 +138,37 @@ HRESULT ToSigned(const VARIANT& value, Integer& out)
     return S_OK;
 }
 
-// True is all bits set.
 template <class Integer>
 HRESULT ToUnsigned(const VARIANT& value, Integer& out)
 {
     Exact exact;
-    if (value.vt == VT_BOOL) {
-        out = static_cast<Integer>(value.boolVal);
-        return S_OK;
-    }
     if (const HRESULT read = NumberOf(value, 0, exact); FAILED(read))
         return read;
     if ((exact.negative && exact.digits != 0) || exact.digits > std::numeric_limits<Integer>::max())
         return DISP_E_OVERFLOW;
     out = static_cast<Integer>(exact.digits);
     return S_OK;
+}
+
+// Signed and unsigned numbers of one width pass as bits, and true becomes all bits set.
+struct SameBits {
+    VARTYPE from, to;
+};
+constexpr SameBits kSameBits[] = {
+    {VT_I1, VT_UI1},   {VT_UI1, VT_I1},   {VT_I2, VT_UI2},    {VT_UI2, VT_I2},   {VT_I4, VT_UI4},
+    {VT_I4, VT_UINT},  {VT_UI4, VT_I4},   {VT_UI4, VT_INT},   {VT_INT, VT_UI4},  {VT_INT, VT_UINT},
+    {VT_UINT, VT_I4},  {VT_UINT, VT_INT}, {VT_I8, VT_UI8},    {VT_UI8, VT_I8},   {VT_BOOL, VT_UI1},
+    {VT_BOOL, VT_UI2}, {VT_BOOL, VT_UI4}, {VT_BOOL, VT_UINT}, {VT_BOOL, VT_UI8},
+};
+
+bool PassesAsBits(const VARIANT& value, VARTYPE vt, VARIANT& to)
+{
+    for (const SameBits& pair : kSameBits)
+        if (pair.from == value.vt && pair.to == vt) {
+            to.llVal = value.vt == VT_BOOL ? value.boolVal : value.llVal;
+            return true;
+        }
+    return false;
 }
 
 HRESULT ToFloat(const VARIANT& value, FLOAT& out)
@@ -310,6 +326,8 @@ HRESULT ToObject(const VARIANT& value, REFIID wanted, void** out)
 // Converts a plain value (no reference, no array, no object) of another kind into to's union.
 HRESULT ConvertScalar(const VARIANT& value, USHORT flags, VARTYPE vt, VARIANT& to)
 {
+    if (PassesAsBits(value, vt, to))
+        return S_OK;
     switch (vt) {
     case VT_I1:
         return ToSigned(value, reinterpret_cast<signed char&>(to.cVal));
@@ -373,9 +391,11 @@ HRESULT Convert(const VARIANT& value, LCID lcid, USHORT flags, VARTYPE vt, VARIA
     if (value.vt == vt)
         return VariantCopy(&to, &source);
     HRESULT result = DISP_E_TYPEMISMATCH;
-    if (V_ISARRAY(&value) || vt & VT_ARRAY || vt == VT_EMPTY || vt == VT_NULL)
+    if (vt & (VT_ARRAY | VT_BYREF) || V_ISARRAY(&value))
         return result;
-    if (value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN)
+    if (vt == VT_EMPTY || vt == VT_NULL)
+        result = S_OK;
+    else if (value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN)
         result = ConvertObject(value, lcid, flags, vt, to);
     else
         result = ConvertScalar(value, flags, vt, to);
@@ -390,7 +410,7 @@ HRESULT WINAPI VariantChangeTypeEx(VARIANTARG* to, VARIANTARG* from, LCID lcid, 
 {
     if (!to || !from)
         return E_INVALIDARG;
-    if (!IsVariantType(vt) || vt & VT_BYREF)
+    if (!IsVariantType(vt))
         return DISP_E_BADVARTYPE;
     VARIANT value = {};
     VARIANT made = {};

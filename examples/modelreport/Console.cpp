@@ -1,0 +1,105 @@
+#include "Console.h"
+
+#include <io.h>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kStandardOutput = 1;
+
+void PrintLine(const CString& line)
+{
+    std::fputs(line, stdout);
+    std::fputc('\n', stdout);
+}
+
+void PrintNumbers(const CString& title, CArray<UINT, UINT>& numbers)
+{
+    CString line;
+    line.Format("%s: %d: %s", LPCSTR(title), numbers.GetSize(), LPCSTR(Ranges(numbers)));
+    PrintLine(line);
+}
+
+void PrintTypes(const CModelView& view)
+{
+    CArray<UINT, UINT> numbers;
+    for (int i = 0; i < view.Types().GetSize(); ++i) {
+        const int type = view.Types()[i];
+        view.NumbersOfType(type, numbers);
+        PrintNumbers("type " + view.Model().types[type].name, numbers);
+    }
+}
+
+void PrintBounds(const CModelView& view)
+{
+    CString line("bounds:");
+    for (int i = 0; i < 6; ++i)
+        line += " " + NumberText(view.Bounds()[i]);
+    PrintLine(line);
+}
+
+} // namespace
+
+CString NumberText(double value)
+{
+    CString text;
+    text.Format("%.9g", value == 0 ? 0.0 : value);
+    return text;
+}
+
+void PrintModel(const CModelView& view)
+{
+    CArray<UINT, UINT> numbers;
+    PrintLine("model: " + view.Model().name);
+    view.NodeNumbers(numbers);
+    PrintNumbers("nodes", numbers);
+    view.ElementNumbers(numbers);
+    PrintNumbers("elements", numbers);
+    PrintTypes(view);
+    for (const MeasureKind kind : {kVolume, kArea, kLength})
+        PrintLine(CString(MeasureName(kind)) + ": " + NumberText(view.Totals().sums[kind]));
+    PrintBounds(view);
+    std::fflush(stdout);
+}
+
+void PrintReport(const CString& path)
+{
+    PrintLine("report: " + path);
+}
+
+void PrintProblem(const CString& text)
+{
+    std::fflush(stdout);
+    std::fprintf(stderr, "modelreport: %s\n", LPCSTR(text));
+}
+
+CProgress::CProgress(LPCSTR what, int total, bool quiet)
+    : m_what(what), m_total(total), m_shown(!quiet && _isatty(kStandardOutput) != 0)
+{
+}
+
+CProgress::~CProgress()
+{
+    if (!m_shown || m_percent < 0)
+        return;
+    std::printf("\r%60s\r", "");
+    std::fflush(stdout);
+}
+
+void CProgress::Step()
+{
+    ++m_done;
+    if (!m_shown || m_total <= 0)
+        return;
+    const int percent = static_cast<int>(100LL * m_done / m_total);
+    if (percent != m_percent)
+        Show(percent);
+}
+
+void CProgress::Show(int percent)
+{
+    m_percent = percent;
+    std::printf("\rwriting %s: %d %%", m_what, percent);
+    std::fflush(stdout);
+}

@@ -1,0 +1,77 @@
+#include "Program.h"
+
+#include "CommandLine.h"
+#include "Console.h"
+#include "DeckReader.h"
+#include "Messages.h"
+#include "Paths.h"
+#include "ReportWriter.h"
+
+#include <cstdio>
+
+namespace {
+
+enum ExitCode { kDone = 0, kWrongUsage = 1, kBadModel = 2, kNoReport = 3 };
+
+bool ReadModel(const CString& path, CModel& model)
+{
+    model.name = WithoutEnding(NamePart(path));
+    CModelBuilder builder(model);
+    CDeckReader reader(builder);
+    try {
+        reader.Read(path);
+        return true;
+    } catch (CException* e) {
+        std::fprintf(stderr, "%s\n", LPCSTR(MessageOf(e)));
+        return false;
+    }
+}
+
+int Report(const CModelView& view, const Options& options)
+{
+    CString file, problem;
+    if (!WriteReport(view, options.folder, options.quiet, file, problem)) {
+        PrintProblem(problem);
+        return kNoReport;
+    }
+    if (!options.quiet)
+        PrintReport(file);
+    return kDone;
+}
+
+int Run(const Options& options)
+{
+    CModel model;
+    if (!ReadModel(options.model, model))
+        return kBadModel;
+    CModelView view(model);
+    if (!options.selection.IsEmpty() && !view.Select(options.selection)) {
+        PrintProblem("--select: '" + options.selection + "' is no list of numbers");
+        return kWrongUsage;
+    }
+    if (!options.quiet)
+        PrintModel(view);
+    return Report(view, options);
+}
+
+} // namespace
+
+int RunModelReport(int argc, char** argv)
+{
+    Options options;
+    CString problem;
+    if (!ParseCommandLine(argc, argv, options, problem)) {
+        PrintProblem(problem);
+        std::fputs(kUsage, stderr);
+        return kWrongUsage;
+    }
+    if (options.help) {
+        std::fputs(kUsage, stdout);
+        return kDone;
+    }
+    if (!AfxOleInit()) {
+        PrintProblem("OLE cannot be started");
+        return kNoReport;
+    }
+    return Run(options);
+}

@@ -1,0 +1,145 @@
+#!/usr/bin/python3
+"""Runs modelreport over every deck of a folder and compares its totals with an independent count.
+
+usage: check_decks.py MODELREPORT FOLDER [NAME...]
+
+FOLDER holds *.inp and *.inp.gz; NAME picks some of them. Exit code 77: the folder is not there (the package
+with the decks is not installed), which CTest reports as skipped.
+"""
+import gzip
+import math
+import os
+import shutil
+import sys
+import tempfile
+
+import openpyxl
+
+import count_model
+from modelreport_run import Run, expand
+
+RELATIVE = 1e-9
+PRINTED = 5e-9  # a value of 9 printed digits is that close to the one it stands for
+
+
+def unpack(folder, names, target):
+    """Copies the decks, unpacked, and answers their paths."""
+    decks = []
+    for name in sorted(os.listdir(folder)):
+        plain = name.removesuffix(".gz")
+        if not plain.endswith(".inp") or names and plain not in names:
+            continue
+        decks.append(os.path.join(target, plain))
+        opener = gzip.open if name.endswith(".gz") else open
+        with opener(os.path.join(folder, name), "rb") as source, open(decks[-1], "wb") as copy:
+            shutil.copyfileobj(source, copy)
+    return decks
+
+
+def near(a, b, relative):
+    return math.isclose(a, b, rel_tol=relative, abs_tol=1e-300)
+
+
+def compare_output(run, totals):
+    """Yields what differs between the printed lines and the count."""
+    for title in ("nodes", "elements"):
+        if run.numbers(title) != totals[title]:
+            yield f"{title} differ"
+    printed = [name[5:] for name, _ in run.lines if name.startswith("type ")]
+    if printed != sorted(totals["types"]):
+        yield f"types {printed}"
+    for kind, numbers in totals["types"].items():
+        if run.numbers("type " + kind) != numbers:
+            yield f"numbers of type {kind} differ"
+    for what in ("volume", "area", "length"):
+        if not near(float(run.value(what)), totals[what], PRINTED):
+            yield f"{what} {run.value(what)}, counted {totals[what]!r}"
+    bounds = [float(text) for text in run.value("bounds").split()]
+    if len(bounds) != 6 or not all(map(lambda a, b: near(a, b, PRINTED), bounds, totals["bounds"])):
+        yield f"bounds {bounds}, counted {totals['bounds']}"
+
+
+def rows_of(book, sheet, heading):
+    """The rows below the one that starts with the heading."""
+    rows = book[sheet].iter_rows(values_only=True)
+    for row in rows:
+        if row[0] == heading:
+            break
+    return list(rows)
+
+
+def compare_nodes(book, model):
+    rows = rows_of(book, "Nodes", "Node")
+    if [(row[0], list(row[1:4])) for row in rows] != sorted(model.nodes.items()):
+        yield "sheet Nodes differs"
+
+
+def compare_elements(book, model):
+    rows = rows_of(book, "Elements", "Element")
+    if [row[0] for row in rows] != sorted(model.elements):
+        yield "sheet Elements: other numbers"
+        return
+    for ident, kind, section, nodes, measure in (row[:5] for row in rows):
+        own_kind, own_nodes = model.elements[ident]
+        own_section = model.sections.get(ident)
+        what, value = model.measure(ident)
+        same = (kind == own_kind and [int(node) for node in nodes.split()] == own_nodes
+                and (section.split()[1].upper() if section else None) == own_section
+                and (near(measure, value, RELATIVE) if what else measure is None))
+        if not same:
+            yield f"sheet Elements: element {ident}: {kind} {section} {nodes} {measure}"
+
+
+def compare_sets(book, model):
+    found, last = {}, None
+    for name, kind, count, ranges in (row[:4] for row in rows_of(book, "Sets", "Set")):
+        last = (kind, name.upper(), count) if name else last
+        found.setdefault(last, []).extend(expand(ranges or ""))
+    counted = {}
+    for kind, word, known in (("NSET", "nodes", model.nodes), ("ELSET", "elements", model.elements)):
+        for name, members in model.sets[kind].items():
+            present = sorted(members & known.keys())
+            counted[(word, name, len(present))] = present
+    if {key: sorted(numbers) for key, numbers in found.items()} != counted:
+        yield f"sheet Sets differs: {set(map(str, found)) ^ set(map(str, counted))}"
+
+
+def check(program, deck, folder):
+    """Yields what is wrong with the report on one deck."""
+    run = Run(program, "-o", folder, deck)
+    if run.code != 0:
+        yield f"exit code {run.code}: {run.errors}"
+        return
+    if run.errors:
+        yield f"unexpected words: {run.errors}"
+    model = count_model.Model(deck)
+    yield from compare_output(run, model.totals())
+    name = os.path.basename(deck).removesuffix(".inp")
+    if run.value("model") != name or run.value("report") != os.path.join(folder, name + ".xlsx"):
+        yield "model or report line"
+    book = openpyxl.load_workbook(run.value("report"), read_only=True)
+    yield from compare_nodes(book, model)
+    yield from compare_elements(book, model)
+    yield from compare_sets(book, model)
+    book.close()
+    os.remove(run.value("report"))
+
+
+def main(program, folder, *names):
+    if not os.path.isdir(folder):
+        print(f"no decks: {folder} is not there")
+        return 77
+    wrong = 0
+    with tempfile.TemporaryDirectory(prefix="zek-decks-") as scratch:
+        decks = unpack(folder, names, scratch)
+        for deck in decks:
+            problems = list(check(os.path.abspath(program), deck, os.path.join(scratch, "out")))
+            wrong += bool(problems)
+            for problem in problems[:5]:
+                print(f"{os.path.basename(deck)}: {problem}")
+    print(f"{len(decks)} decks, {wrong} of them wrong")
+    return 0 if decks and wrong == 0 else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
