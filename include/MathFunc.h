@@ -223,8 +223,8 @@ public:
 
     // ---- Areas and volumes ----
 
-    // Area of a triangle from its side lengths (Heron). Good to 5e-8 of the longest side's square; where rounding
-    // would ask for the root of a negative number it is 0.
+    // Area of a triangle from its side lengths (Heron). Good to 5e-8 of the longest side's square; where
+    // rounding would ask for the root of a negative number it is 0.
     static double mathArea(double* const p1, double* const p2, double* const p3);
     static double mathArea2d(double x1, double y1, double x2, double y2, double x3, double y3);
     // Area of the closed polygon of n points, either way round; 0 for n < 1.
@@ -245,6 +245,43 @@ public:
     // Down to the grid, plus one step: a value on the grid goes up as well.
     static double mathRoundUp(double v, int digits);
     static double mathRoundDown(double v, int digits); // towards minus infinity
+
+    // ---- Projections ----
+    // Of a point onto a plane, or onto a surface in its own frame: cylinders and cones about the Z axis,
+    // spheres about the origin. `_normal` moves the point perpendicularly, `_mf_vector` along a direction of
+    // any length, to the nearer of two crossings (to the one ahead when they are equally near). True when
+    // there is such a point; else `out` stays as it was. A direction shorter than m_NormalZero is refused.
+
+    // Onto radius R; false within tol of the axis and for h <= 0. The height does not limit the result.
+    static bool project_on_cylinder_normal(const double* const p, double R, double h, double tol,
+                                           double* const out);
+    static bool project_on_cylinder_mf_vector(const double* const p, const double* const dir, double R,
+                                              double h, double tol, double* const out);
+    // Radius r1 at z = 0 and r2 at z = h; equal radii (within tol) are a cylinder. `_normal` also refuses a
+    // foot beyond the frustum's ends; along a direction the cone goes on beyond them.
+    static bool project_on_cone_normal(const double* const p, double r1, double r2, double h, double tol,
+                                       double* const out);
+    static bool project_on_cone_mf_vector(const double* const p, const double* const dir, double r1,
+                                          double r2, double h, double tol, double* const out);
+    // False for R <= 0, and within tol of the centre. Within tol of the Z axis `_normal` writes out[2] only.
+    static bool project_on_sphere_normal(const double* const p, double R, double tol, double* const out);
+    static bool project_on_sphere_mf_vector(const double* const p, const double* const dir, double R,
+                                            double tol, double* const out);
+    // Onto the plane through a, b and c; false when its normal's squared length (four times the squared area
+    // of the triangle) is below tol.
+    static bool project_on_plane_normal(const double* const p, const double* const a, const double* const b,
+                                        const double* const c, double tol, double* const out);
+    // Onto A x + B y + C z = D, D standing on the right; false when A A + B B + C C is below tol.
+    static bool project_on_plane_normal(const double* const p, double A, double B, double C, double D,
+                                        double tol, double* const out);
+    // False for points on a line, and for directions within a degree of the plane (sine below 0.0174524); the
+    // CuttingPlane one takes all but parallel ones (sine below 1e-10). tol is not consulted.
+    static bool project_on_plane_mf_vector(const double* const p, const double* const dir,
+                                           const double* const a, const double* const b,
+                                           const double* const c, double tol, double* const out);
+    static bool project_on_plane_mf_vector_for_CuttingPlane(const double* const p, const double* const dir,
+                                                            const double* const a, const double* const b,
+                                                            const double* const c, double* const out);
 
     // ---- Others ----
 
