@@ -159,7 +159,7 @@ std::string Plain(const CString& text)
 
 TEST(CTextFile, ReadsLines)
 {
-    const std::string longest(1022, 'a'), longer(1023, 'a'), far(3000, 'b');
+    const std::string longest(1022, 'a'), longer(1023, 'a'), distant(3000, 'b');
     const struct {
         const char* label;
         std::string content;
@@ -174,14 +174,14 @@ TEST(CTextFile, ReadsLines)
         {"last line open after CR", "A\r\nB\r", {"A", "B\r"}},
         {"nothing", "", {}},
         {"zero byte", std::string("A\0B\r\nC\r\n", 8), {"A", "C"}},
-        {"zero byte in a long line", std::string("A\0B", 3) + far + "\r\nC\r\n", {"A", "C"}},
-        {"zero byte far in a long line", far + std::string("\0B\r\nC\r\n", 7), {far, "C"}},
+        {"zero byte in a long line", std::string("A\0B", 3) + distant + "\r\nC\r\n", {"A", "C"}},
+        {"zero byte far in a long line", distant + std::string("\0B\r\nC\r\n", 7), {distant, "C"}},
         {"newline last in the block", longest.substr(1) + "\r\nB\r\n", {longest.substr(1), "B"}},
         {"newline first behind the block", longest + "\r\nB\r\n", {longest + "\r", "B"}},
         {"block full of text", longer + "\r\nB\r\n", {longer + "\r", "B"}},
-        {"long line keeps its CR", far + "\r\nB\r\n", {far + "\r", "B"}},
-        {"long open line", far, {far}},
-        {"several blocks", far + far + far + "\n", {far + far + far}},
+        {"long line keeps its CR", distant + "\r\nB\r\n", {distant + "\r", "B"}},
+        {"long open line", distant, {distant}},
+        {"several blocks", distant + distant + distant + "\n", {distant + distant + distant}},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.label);
@@ -290,13 +290,13 @@ TEST(CTextFile, WithoutAFileDoesNothing)
 
 TEST(CTextFile, ReadsTheRestOfALine)
 {
-    const std::string far(5000, 'b');
-    FaultyFile file(far + "\r\nC");
+    const std::string distant(5000, 'b');
+    FaultyFile file(distant + "\r\nC");
     TextFileProbe text;
     text.AttachFile(&file);
     CString rest("old");
     EXPECT_EQ(5002, text.ReadRemainingLine(rest));
-    EXPECT_EQ(far + "\r", Plain(rest));
+    EXPECT_EQ(distant + "\r", Plain(rest));
     file.CMemFile::Seek(5002, CFile::begin);
     EXPECT_EQ(2, text.ReadRemainingLine(rest));
     EXPECT_STREQ("C", rest);
@@ -351,7 +351,7 @@ TEST(CTextFile, DoesWhatTheModelDoes)
 // Each operation of the file fails in turn, once and for good.
 TEST(CTextFile, AnswersFileErrorsWithOneBox)
 {
-    const std::string far(5000, 'b');
+    const std::string distant(5000, 'b');
     const struct {
         const char* label;
         std::string content;
@@ -359,10 +359,10 @@ TEST(CTextFile, AnswersFileErrorsWithOneBox)
         int (*call)(CTextFile& text);
     } kRows[] = {
         {"short line", "A\r\nBC\r\n", 1, [](CTextFile& t) { return t.SkipLine(); }},
-        {"long line", "A\r\n" + far + "\r\n", 1, [](CTextFile& t) { return t.SkipLine(); }},
+        {"long line", "A\r\n" + distant + "\r\n", 1, [](CTextFile& t) { return t.SkipLine(); }},
         {"back over a short line", "A\r\nBC\r\n", 2, [](CTextFile& t) { return t.Backspace(); }},
-        {"back over a long line", "A\r\n" + far + "\r\n", 2, [](CTextFile& t) { return t.Backspace(); }},
-        {"back to the beginning", far + "\r\n", 1, [](CTextFile& t) { return t.Backspace(); }},
+        {"back over a long line", "A\r\n" + distant + "\r\n", 2, [](CTextFile& t) { return t.Backspace(); }},
+        {"back to the beginning", distant + "\r\n", 1, [](CTextFile& t) { return t.Backspace(); }},
         {"saving", "A\r\nBC\r\n", 1,
          [](CTextFile& t) {
              CString line("saved");
@@ -403,7 +403,7 @@ TEST(CTextFile, AnswersFileErrorsWithOneBox)
 
 TEST(CTextFile, AnswersAPositionBeyondItsRangeWithABox)
 {
-    // Says that it holds zero bytes only, far more than a position can count.
+    // Says that it holds zero bytes only, distant more than a position can count.
     class Endless : public CMemFile
     {
     public:

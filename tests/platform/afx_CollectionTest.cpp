@@ -230,7 +230,8 @@ TEST(CMap, IteratesBucketByBucketNewestFirst)
         map.InitHashTable(buckets);
         std::vector<std::vector<std::string>> model(buckets);
         for (int step = 0; step < 600; ++step) {
-            const std::string key = "k" + std::to_string(random() % 60);
+            std::string key("k");
+            key += std::to_string(random() % 60);
             auto& bucket = model[HashKey<LPCSTR>(key.c_str()) % buckets];
             const auto found = std::find(bucket.begin(), bucket.end(), key);
             if (random() % 3 == 0) {

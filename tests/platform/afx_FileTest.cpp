@@ -279,7 +279,7 @@ TEST_F(CFileTest, TextFileReadsIntoABuffer)
 
 TEST_F(CFileTest, TextFileSeeksAmongReadsAndWrites)
 {
-    CStdioFile file(Path("text").c_str(), CFile::modeCreate | CFile::modeReadWrite);
+    CStdioFile file(Path("text").c_str(), CFile::modeCreate | CFile::modeReadWrite | CFile::shareDenyNone);
     file.WriteString("first\nsecond\nthird\n");
     file.SeekToBegin();
     CString line;
