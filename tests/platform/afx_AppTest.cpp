@@ -1,5 +1,7 @@
 #include <afxwin.h>
 
+#include "Boxes.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -112,4 +114,30 @@ TEST(AfxMessageBox, AsksTheApplication)
     EXPECT_EQ(IDNO, CFileException(CFileException::diskFull, -1, "part").ReportError(MB_OKCANCEL));
     EXPECT_NE(-1, app.m_text.Find("part"));
     EXPECT_EQ(static_cast<UINT>(MB_OKCANCEL), app.m_style);
+}
+
+TEST(AfxMessageBox, ChoosesTheIconByTheButtons)
+{
+    const struct {
+        UINT asked;
+        UINT shown;
+        int answer;
+    } kRows[] = {
+        {MB_OK, MB_OK | MB_ICONEXCLAMATION, IDOK},
+        {MB_OKCANCEL, MB_OKCANCEL | MB_ICONEXCLAMATION, IDCANCEL},
+        {MB_YESNO, MB_YESNO | MB_ICONEXCLAMATION, IDNO},
+        {MB_YESNOCANCEL, MB_YESNOCANCEL | MB_ICONEXCLAMATION, IDYES},
+        {MB_RETRYCANCEL, MB_RETRYCANCEL, IDRETRY},
+        {MB_ABORTRETRYIGNORE, MB_ABORTRETRYIGNORE, IDIGNORE},
+        {MB_YESNO | MB_ICONQUESTION, MB_YESNO | MB_ICONQUESTION, IDYES},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.asked);
+        const BoxCatcher boxes(row.answer);
+        EXPECT_EQ(row.answer, AfxMessageBox("text", row.asked));
+        ASSERT_EQ(1U, boxes.Caught().size());
+        EXPECT_EQ("text", boxes.Caught()[0].text);
+        EXPECT_EQ("platform_afx_test", boxes.Caught()[0].caption);
+        EXPECT_EQ(row.shown, boxes.Caught()[0].style);
+    }
 }

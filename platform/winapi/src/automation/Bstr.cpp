@@ -94,5 +94,5 @@ UINT WINAPI SysStringByteLen(BSTR text)
 
 UINT WINAPI SysStringLen(BSTR text)
 {
-    return SysStringByteLen(text) / sizeof(OLECHAR);
+    return SysStringByteLen(text) / static_cast<UINT>(sizeof(OLECHAR));
 }
