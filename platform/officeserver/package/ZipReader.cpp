@@ -92,7 +92,9 @@ ZipReader::ZipReader(ByteSource& bytes, const ReadLimits& limits)
     m_zip = zip_open_from_source(source, ZIP_RDONLY | ZIP_CHECKCONS, &error);
     if (!m_zip) {
         zip_source_free(source);
-        Fail("the archive", zip_error_strerror(&error));
+        const std::string why = zip_error_strerror(&error);
+        zip_error_fini(&error); // which the text belongs to
+        Fail("the archive", why);
     }
     try {
         ReadDirectory();
