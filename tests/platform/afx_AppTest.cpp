@@ -97,6 +97,18 @@ TEST(CWinApp, KeepsItsProfileInTheRegistry)
     EXPECT_EQ(ERROR_SUCCESS, ::RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\ZEK afx test\\Given Name\\Sec", 0,
                                              KEY_READ, &key));
     ::RegCloseKey(key);
+
+    // Values of another kind or size count as missing.
+    const BYTE wide[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+    ASSERT_EQ(ERROR_SUCCESS, ::RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\ZEK afx test\\Given Name\\Sec",
+                                               0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr));
+    EXPECT_EQ(ERROR_SUCCESS, ::RegSetValueExA(key, "Wide", 0, REG_DWORD, wide, sizeof wide));
+    EXPECT_EQ(ERROR_SUCCESS, ::RegSetValueExA(key, "Open", 0, REG_SZ, wide, 3));
+    ::RegCloseKey(key);
+    EXPECT_EQ(9U, app.GetProfileInt("Sec", "Wide", 9));
+    EXPECT_EQ(9U, app.GetProfileInt("Sec", "Text", 9));
+    EXPECT_STREQ("none", app.GetProfileString("Sec", "Wide", "none"));
+    EXPECT_STREQ("\1\2\3", app.GetProfileString("Sec", "Open"));
     EXPECT_TRUE(app.WriteProfileString("Sec", nullptr, nullptr));
     ::RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\ZEK afx test\\Given Name");
     ::RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\ZEK afx test");

@@ -202,6 +202,7 @@ public:
 private:
     int NextByte();
     int NextCharacter();
+    void TakeRun(CString& line);
     void PutByte(char byte);
     void WriteOut();
     void DropRead();

@@ -110,6 +110,11 @@ namespace {
 std::string RealDigits(double value, std::chars_format format, int precision)
 {
     constexpr std::size_t kLongestWhole = 330; // sign, 309 digits, point, exponent
+    constexpr int kUsual = 60;
+    if (precision <= kUsual) {
+        char buffer[kLongestWhole + kUsual];
+        return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value, format, precision).ptr};
+    }
     std::string text(kLongestWhole + static_cast<std::size_t>(precision), '\0');
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value, format, precision).ptr;
     text.resize(static_cast<std::size_t>(end - text.data()));

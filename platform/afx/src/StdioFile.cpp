@@ -11,7 +11,7 @@ namespace {
 
 constexpr UINT kBufferSize = 8192;
 constexpr int kEnd = -1;
-constexpr int kCtrlZ = 0x1A;
+constexpr char kCtrlZ = 0x1A;
 
 } // namespace
 
@@ -123,9 +123,23 @@ BOOL CStdioFile::ReadString(CString& line)
     int ch = NextCharacter();
     if (ch == kEnd)
         return FALSE;
-    for (; ch != kEnd && ch != '\n'; ch = NextCharacter())
+    while (ch != kEnd && ch != '\n') {
         line += static_cast<char>(ch);
+        TakeRun(line);
+        ch = NextCharacter();
+    }
     return TRUE;
+}
+
+// Moves what lies in the buffer and means itself to the end of `line`.
+void CStdioFile::TakeRun(CString& line)
+{
+    const char* const run = m_buffer.get() + m_next;
+    UINT length = 0;
+    while (length < m_filled - m_next && run[length] != '\n' && run[length] != '\r' && run[length] != kCtrlZ)
+        ++length;
+    line.Append(run, static_cast<int>(length));
+    m_next += length;
 }
 
 // ---- writing
