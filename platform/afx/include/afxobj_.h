@@ -29,6 +29,12 @@ AFX_CORE_API void AFX_CDECL AfxTrace(LPCSTR format, ...);
 #define TRACE(...) static_cast<void>(0)
 #endif
 #define DEBUG_NEW new
+// A library shares the state of its host, so there is nothing to switch between.
+class AFX_MODULE_STATE;
+inline AFX_MODULE_STATE* AFXAPI AfxGetStaticModuleState()
+{
+    return nullptr;
+}
 #define AFX_MANAGE_STATE(state) static_cast<void>(state)
 #define UNUSED_ALWAYS(x) static_cast<void>(x)
 
