@@ -5,7 +5,6 @@
 #include <cstring>
 #include <gmock/gmock.h>
 #include <optional>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -21,57 +20,64 @@ struct Item {
     std::int64_t from, to, step;
 };
 
-std::int64_t Wrapped(std::string digits)
+// Reads a selection as its users would describe it: items of a number, maybe "to" a number, then maybe "by" a
+// number, blanks anywhere between.
+class Reader
 {
-    digits.erase(std::remove(digits.begin(), digits.end(), ' '), digits.end());
-    std::uint32_t value = 0;
-    for (const char c : digits)
-        value = c == '-' ? value : value * 10 + static_cast<std::uint32_t>(c - '0');
-    return static_cast<std::int32_t>(digits[0] == '-' ? 0 - value : value);
-}
+public:
+    explicit Reader(std::string text) : m_text(std::move(text)) {}
 
-// The grammar written down as it reads to a user, by a regular expression. Nothing for a text it refuses.
-std::optional<std::vector<Item>> Parse(const std::string& given)
-{
-    static const std::regex kNumber("^ *(- *[0-9]+|[0-9]+)(?!-)");
-    static const std::regex kTo("^ *[tT][oO]?");
-    static const std::regex kBy("^ *[bB][yY]?");
-    std::string text = given;
-    for (char& c : text)
-        c = std::strchr(",\t\r\n", c) ? ' ' : c;
-    std::vector<Item> items;
-    std::smatch match;
-    const auto take = [&](const std::regex& what) {
-        if (!std::regex_search(text, match, what))
-            return false;
-        const std::string matched = match[match.size() - 1];
-        // The longest number, or none: a regular expression would fall back to a shorter one before '-'.
-        const std::string rest = match.suffix();
-        if (&what == &kNumber && !rest.empty() && std::isdigit(static_cast<unsigned char>(rest[0])))
-            return false;
-        text = rest;
-        match = {};
-        if (&what == &kNumber)
-            items.back().step = Wrapped(matched);
-        return true;
-    };
-    while (text.find_first_not_of(' ') != std::string::npos) {
-        items.push_back({0, 0, 0});
-        if (!take(kNumber))
-            return {};
-        items.back().from = items.back().to = items.back().step;
-        items.back().step = 1;
-        if (!take(kTo))
-            continue;
-        if (!take(kNumber))
-            return {};
-        items.back().to = items.back().step;
-        items.back().step = 1;
-        if (take(kBy) && !take(kNumber))
-            return {};
+    // Nothing for a text that is not well formed.
+    std::optional<std::vector<Item>> Items()
+    {
+        std::vector<Item> items;
+        for (SkipBlanks(); m_at < m_text.size(); SkipBlanks()) {
+            Item item = {0, 0, 1};
+            if (!Number(item.from))
+                return {};
+            item.to = item.from;
+            if (Word("to") && (!Number(item.to) || (Word("by") && !Number(item.step))))
+                return {};
+            items.push_back(item);
+        }
+        return items;
     }
-    return items;
-}
+
+private:
+    void SkipBlanks() { m_at = std::min(m_text.find_first_not_of(" ,\t\r\n", m_at), m_text.size()); }
+
+    bool Word(const char* word)
+    {
+        SkipBlanks();
+        const auto is = [&](char letter) { return m_at < m_text.size() && (m_text[m_at] | 0x20) == letter; };
+        if (!is(word[0]))
+            return false;
+        ++m_at;
+        m_at += is(word[1]);
+        return true;
+    }
+
+    bool Number(std::int64_t& value)
+    {
+        SkipBlanks();
+        const bool negative = m_text[m_at] == '-';
+        if (negative) {
+            ++m_at;
+            SkipBlanks();
+        }
+        const std::size_t end = std::min(m_text.find_first_not_of("0123456789", m_at), m_text.size());
+        std::uint32_t wrapped = 0;
+        for (std::size_t i = m_at; i < end; ++i)
+            wrapped = wrapped * 10 + static_cast<std::uint32_t>(m_text[i] - '0');
+        const bool good = end > m_at && m_text[end] != '-';
+        m_at = end;
+        value = static_cast<std::int32_t>(negative ? 0 - wrapped : wrapped);
+        return good;
+    }
+
+    std::string m_text;
+    std::size_t m_at = 0;
+};
 
 // Steps through each range and looks every number up.
 NumberList Walk(const std::set<LONG>& base, const std::vector<Item>& items)
@@ -278,7 +284,7 @@ TEST(Selection, EveryShortTextReadsAsTheGrammarSays)
     const NumberList base = {-11, -10, -1, 0, 1, 10, 11, 100, 101, 110};
     const std::set<LONG> lookUp(base.begin(), base.end());
     std::vector<std::string> texts = {""};
-    for (std::size_t begin = 0, length = 1; length <= 5; ++length) {
+    for (std::size_t begin = 0, length = 1; length <= 6; ++length) {
         const std::size_t end = texts.size();
         for (; begin < end; ++begin) {
             for (const char letter : std::string(kLetters))
@@ -286,7 +292,7 @@ TEST(Selection, EveryShortTextReadsAsTheGrammarSays)
         }
     }
     for (const std::string& text : texts) {
-        const auto items = Parse(text);
+        const auto items = Reader(text).Items();
         const auto selected = InOrder(base, text.c_str());
         ASSERT_EQ(selected.has_value(), items.has_value()) << '"' << text << '"';
         if (items) {
@@ -308,7 +314,7 @@ TEST(Selection, RandomRangesReadAsTheGrammarSays)
             text += text.find('o') != std::string::npos && Below(random, 2) ? "by" + number() : "";
             text += Below(random, 2) ? " " : ", ";
         }
-        const auto items = Parse(text);
+        const auto items = Reader(text).Items();
         const auto selected = InOrder(base, text.c_str());
         ASSERT_EQ(selected.has_value(), items.has_value()) << text;
         if (items) {
