@@ -55,11 +55,12 @@ void Generation::Close()
         close(m_file);
     m_counter = nullptr;
     m_file = -1;
+    m_writing = false;
 }
 
 std::uint64_t Generation::Current()
 {
-    if (!m_counter)
+    if (!m_counter || m_writing)
         return kUnsettled;
     std::uint64_t count = m_counter->load(std::memory_order_acquire);
     if (IsOdd(count) && !m_readOnly && Lock(m_file, LOCK_EX | LOCK_NB)) {
@@ -83,11 +84,13 @@ bool Generation::BeginWrite()
         return false;
     Settle();
     m_counter->fetch_add(1, std::memory_order_acq_rel);
+    m_writing = true;
     return true;
 }
 
 void Generation::EndWrite()
 {
+    m_writing = false;
     m_counter->fetch_add(1, std::memory_order_acq_rel);
     Lock(m_file, LOCK_UN);
 }

@@ -42,4 +42,5 @@ private:
     std::atomic<std::uint64_t>* m_counter = nullptr;
     int m_file = -1;
     bool m_readOnly = false;
+    bool m_writing = false; // the lock is this object's own
 };

@@ -1,0 +1,350 @@
+// The store that processes share: its files, its limits, who sees what when, and what survives a death.
+#include "Process.h"
+#include "Scratch.h"
+#include "TestKey.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#include <vector>
+
+#include <linux/seccomp.h>
+
+namespace {
+
+// A pipe whose both ends close with it.
+class Pipe
+{
+public:
+    Pipe()
+    {
+        if (pipe(m_ends) != 0)
+            throw std::runtime_error("no pipe");
+    }
+    ~Pipe()
+    {
+        close(m_ends[0]);
+        close(m_ends[1]);
+    }
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+
+    bool Send(int number) const { return write(m_ends[1], &number, sizeof number) == sizeof number; }
+    int Receive() const
+    {
+        int number = -1;
+        return read(m_ends[0], &number, sizeof number) == sizeof number ? number : -1;
+    }
+
+private:
+    int m_ends[2];
+};
+
+unsigned ModeOf(const std::string& path)
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 ? status.st_mode & 0777u : 0;
+}
+
+TEST(Store, FilesAreTheirOwnersAlone)
+{
+    const ScratchFolder folder;
+    const mode_t before = umask(0);
+    EXPECT_EQ(RunZekReg(folder.Path("home"), "set 'HKCU\\Software\\T' a b").code, 0);
+    umask(before);
+    EXPECT_EQ(ModeOf(folder.Path("home")), 0700u);
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path("home")))
+        EXPECT_EQ(ModeOf(entry.path()), 0600u) << entry.path();
+    std::filesystem::permissions(folder.Path("home/registry.db"), static_cast<std::filesystem::perms>(0644));
+    EXPECT_EQ(RunZekReg(folder.Path("home"), "get 'HKCU\\Software\\T' a").output, "b\n");
+    EXPECT_EQ(ModeOf(folder.Path("home/registry.db")), 0600u) << "taken back";
+}
+
+TEST(Store, PlantedLinksAreRefused)
+{
+    for (const char* name : {"registry.db", "registry.gen"}) {
+        SCOPED_TRACE(name);
+        const ScratchFolder folder;
+        std::filesystem::create_directory(folder.Path("home"));
+        WriteWholeFile(folder.Path("victim"), "precious");
+        std::filesystem::create_symlink(folder.Path("victim"), folder.Path("home") + "/" + name);
+        EXPECT_EQ(RunZekReg(folder.Path("home"), "set 'HKCU\\Software\\T' a b").code, 3);
+        EXPECT_EQ(ReadWholeFile(folder.Path("victim")), "precious");
+    }
+}
+
+TEST(Store, DamagedFilesAreReportedAndLeftAlone)
+{
+    const ScratchFolder folder;
+    ASSERT_EQ(RunZekReg(folder.Path("good"), "set 'HKCU\\Software\\T' a b").code, 0);
+    const std::string junk(20000, 'j');
+    std::filesystem::create_directory(folder.Path("home"));
+    WriteWholeFile(folder.Path("home/registry.db"), junk);
+    for (const char* arguments : {"get 'HKCU\\Software\\T' a", "set 'HKCU\\Software\\T' a c", "list HKCU"}) {
+        SCOPED_TRACE(arguments);
+        EXPECT_EQ(RunZekReg(folder.Path("home"), arguments).code, 3);
+    }
+    EXPECT_EQ(ReadWholeFile(folder.Path("home/registry.db")), junk);
+}
+
+// Bytes flipped all over a store: any answer may be a failure, none a crash or an invented value.
+TEST(Store, FlippedBytesNeverInventAnAnswer)
+{
+    const ScratchFolder folder;
+    std::filesystem::create_directory(folder.Path("whole"));
+    ASSERT_EQ(RunInChild(folder.Path("whole"),
+                         [] {
+                             const TestKey test("flip");
+                             const bool written =
+                                 SetText(test.Key(), "value", "the true value") == ERROR_SUCCESS;
+                             _exit(written && RegFlushKey(test.Key()) == ERROR_SUCCESS ? 0 : 1);
+                             return 0;
+                         }),
+              0);
+    const std::string whole = ReadWholeFile(folder.Path("whole/registry.db"));
+    ASSERT_GT(whole.size(), 4096u);
+    for (std::size_t place = 17; place < whole.size(); place += whole.size() / 61) {
+        SCOPED_TRACE(place);
+        const std::string home = folder.Path("flip" + std::to_string(place));
+        std::filesystem::create_directory(home);
+        std::string flipped = whole;
+        flipped[place] = static_cast<char>(~flipped[place]);
+        WriteWholeFile(home + "/registry.db", flipped);
+        const ProgramResult got = RunZekReg(home, "get 'HKCU\\Software\\ZekTest\\flip' value");
+        EXPECT_LE(got.code, 3);
+        if (got.code == 0) {
+            EXPECT_EQ(got.output.size(), std::string("the true value\n").size());
+        }
+    }
+}
+
+TEST(Store, ReadableButNotWritable)
+{
+    const ScratchFolder folder;
+    ASSERT_EQ(RunZekReg(folder.Path("home"), "set 'HKCU\\Software\\T' a b").code, 0);
+    const auto readable = static_cast<std::filesystem::perms>(0444);
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path("home")))
+        if (entry.is_regular_file())
+            std::filesystem::permissions(entry.path(), readable);
+    std::filesystem::permissions(folder.Path("home"), static_cast<std::filesystem::perms>(0555));
+    std::filesystem::permissions(folder.Path(), static_cast<std::filesystem::perms>(0755));
+    EXPECT_EQ(RunInChild(folder.Path("home"),
+                         [] {
+                             constexpr uid_t kNobody = 65534;
+                             if (geteuid() == 0 && setuid(kNobody) != 0)
+                                 return 1;
+                             HKEY key = nullptr;
+                             if (RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\T", 0, KEY_READ, &key) !=
+                                 ERROR_SUCCESS)
+                                 return 2;
+                             return GetText(key, "a") != "b"                        ? 3
+                                    : SetText(key, "a", "c") == ERROR_ACCESS_DENIED ? 0
+                                                                                    : 4;
+                         }),
+              0);
+    std::filesystem::permissions(folder.Path("home"), static_cast<std::filesystem::perms>(0700));
+}
+
+TEST(Store, NamesAreAnyBytesAndFoldAsLetters)
+{
+    const TestKey test("bytes");
+    for (int byte = 1; byte < 256; ++byte) {
+        const std::string name = {'x', static_cast<char>(byte), '.'};
+        if (byte >= 'a' && byte <= 'z')
+            continue; // the same names as with capitals
+        ASSERT_EQ(SetText(test.Key(), name.c_str(), std::to_string(byte)), ERROR_SUCCESS) << byte;
+    }
+    for (int byte = 1; byte < 256; ++byte) {
+        const std::string name = {'X', static_cast<char>(byte), '.'};
+        const int expected = byte >= 'a' && byte <= 'z' ? byte - 32 : byte;
+        EXPECT_EQ(GetText(test.Key(), name.c_str()), std::to_string(expected)) << byte;
+    }
+    ASSERT_EQ(SetText(test.Key(),
+                      "Stra\xC3\x9F"
+                      "e \xC3\xBC\xD1\x8F",
+                      "folded"),
+              ERROR_SUCCESS);
+    EXPECT_EQ(GetText(test.Key(), "STRA\xC3\x9F"
+                                  "E \xC3\x9C\xD0\xAF"),
+              "folded");
+}
+
+TEST(Store, LimitsOfNamesAndDepth)
+{
+    const TestKey test("limits");
+    HKEY key = nullptr;
+    const auto create = [&](const std::string& path) {
+        const LONG result =
+            RegCreateKeyExA(test.Key(), path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+        if (result == ERROR_SUCCESS)
+            RegCloseKey(key);
+        return result;
+    };
+    EXPECT_EQ(create(std::string(256, 'k')), ERROR_INVALID_PARAMETER);
+    std::string umlauts;
+    for (int i = 0; i < 255; ++i)
+        umlauts += "\xC3\xA4";
+    EXPECT_EQ(create(umlauts), ERROR_SUCCESS) << "characters count, not bytes";
+    std::string path = "d";
+    for (int level = 2; level <= 509; ++level) // Software\ZekTest\limits are three more
+        path += "\\d";
+    EXPECT_EQ(create(path), ERROR_SUCCESS);
+    EXPECT_EQ(create(path + "\\d"), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(SetText(test.Key(), std::string(16383, 'v').c_str(), "x"), ERROR_SUCCESS);
+    EXPECT_EQ(SetText(test.Key(), std::string(16384, 'v').c_str(), "x"), ERROR_INVALID_PARAMETER);
+}
+
+TEST(Store, AFreshOneKnowsTheBuiltInServer)
+{
+    const ScratchFolder folder;
+    EXPECT_EQ(RunZekReg(folder.Path("home"), "get 'HKCR\\excel.application\\clsid'").output,
+              "{00024500-0000-0000-C000-000000000046}\n");
+    EXPECT_EQ(RunZekReg(folder.Path("home"),
+                        "get 'HKCR\\CLSID\\{00024500-0000-0000-C000-000000000046}\\InprocServer32'")
+                  .output,
+              "zek_officeserver.DLL\n");
+    EXPECT_EQ(RunZekReg(folder.Path("home"), "delete -r 'HKCR\\Excel.Application'").code, 0);
+    EXPECT_EQ(RunZekReg(folder.Path("home"), "get 'HKCR\\Excel.Application\\CLSID'").code, 1)
+        << "entered once only";
+}
+
+TEST(Store, ManyMayBeFirstAtOnce)
+{
+    const ScratchFolder folder;
+    const std::string home = folder.Path("home");
+    std::vector<pid_t> children;
+    for (int i = 0; i < 6; ++i)
+        children.push_back(StartChild(home, [i] {
+            const HKEY root = HKEY_CURRENT_USER;
+            HKEY key = nullptr;
+            if (RegCreateKeyExA(root, "Software\\First", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                                nullptr) != ERROR_SUCCESS)
+                return 1;
+            return SetText(key, std::to_string(i).c_str(), "x") == ERROR_SUCCESS ? 0 : 2;
+        }));
+    for (const pid_t child : children)
+        EXPECT_EQ(Await(child), 0);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(RunZekReg(home, "get 'HKCU\\Software\\First' " + std::to_string(i)).output, "x\n");
+}
+
+TEST(Store, ProcessesWriteSideBySide)
+{
+    constexpr int kProcesses = 4, kWrites = 200;
+    const TestKey test("processes");
+    const auto work = [&](int number) {
+        const std::string name = "own" + std::to_string(number);
+        for (int i = 0; i < kWrites; ++i) {
+            if (SetText(test.Key(), name.c_str(), std::to_string(i)) != ERROR_SUCCESS)
+                return 1;
+            if (SetText(test.Key(), "shared", std::string(100, static_cast<char>('a' + number))) !=
+                ERROR_SUCCESS)
+                return 2;
+            if (GetText(test.Key(), name.c_str()) != std::to_string(i))
+                return 3;
+            const std::string shared = GetText(test.Key(), "shared");
+            if (shared.size() != 100 || shared.find_first_not_of(shared[0]) != std::string::npos)
+                return 4;
+        }
+        return 0;
+    };
+    std::vector<pid_t> children;
+    for (int i = 0; i < kProcesses; ++i)
+        children.push_back(StartChild("", [&work, i] { return work(i); }));
+    for (const pid_t child : children)
+        EXPECT_EQ(Await(child), 0);
+    for (int i = 0; i < kProcesses; ++i)
+        EXPECT_EQ(GetText(test.Key(), ("own" + std::to_string(i)).c_str()), std::to_string(kWrites - 1));
+}
+
+// As soon as a write has returned in one process, every other one reads it, whatever it kept in memory.
+TEST(Store, AFinishedWriteIsSeenByAllAtOnce)
+{
+    const TestKey test("coherence");
+    const Pipe asked, written;
+    ASSERT_EQ(SetText(test.Key(), "v", "0"), ERROR_SUCCESS);
+    const pid_t writer = StartChild("", [&] {
+        for (int number; (number = asked.Receive()) > 0;)
+            if (SetText(test.Key(), "v", std::to_string(number)) != ERROR_SUCCESS || !written.Send(number))
+                return 1;
+        return 0;
+    });
+    for (int number = 1; number <= 1000; ++number) {
+        ASSERT_EQ(GetText(test.Key(), "v"), std::to_string(number - 1));
+        ASSERT_TRUE(asked.Send(number));
+        ASSERT_EQ(written.Receive(), number);
+        ASSERT_EQ(GetText(test.Key(), "v"), std::to_string(number));
+    }
+    asked.Send(0);
+    EXPECT_EQ(Await(writer), 0);
+}
+
+TEST(Store, WhatWasWrittenSurvivesTheWritersDeath)
+{
+    const TestKey test("death");
+    for (int round = 0; round < 25; ++round) {
+        const Pipe acknowledged;
+        const pid_t writer = StartChild("", [&] {
+            for (int number = 1;; ++number)
+                if (SetText(test.Key(), "v", std::to_string(number)) != ERROR_SUCCESS ||
+                    !acknowledged.Send(number))
+                    return 1;
+        });
+        int last = 0;
+        for (int i = 0; i <= round * 7; ++i)
+            last = acknowledged.Receive();
+        kill(writer, SIGKILL);
+        EXPECT_EQ(Await(writer), 1000 + SIGKILL);
+        const int found = std::stoi(GetText(test.Key(), "v"));
+        EXPECT_GE(found, last) << "round " << round;
+        EXPECT_EQ(SetText(test.Key(), "v", std::to_string(found)), ERROR_SUCCESS)
+            << "the next writer is not held up";
+    }
+}
+
+// A value that was read is read again without asking the system for anything: under the strict filter any
+// call but read, write and exit ends the process.
+TEST(Store, ReadingAgainAsksNobody)
+{
+    const TestKey test("again");
+    ASSERT_EQ(SetText(test.Key(), "v", "kept"), ERROR_SUCCESS);
+    EXPECT_EQ(RunInChild("",
+                         [&] {
+                             char text[16];
+                             const auto readOnce = [&] {
+                                 DWORD size = sizeof text;
+                                 return RegQueryValueExA(test.Key(), "v", nullptr, nullptr,
+                                                         reinterpret_cast<BYTE*>(text), &size);
+                             };
+                             readOnce();
+                             if (prctl(PR_SET_SECCOMP, SECCOMP_MODE_STRICT) != 0)
+                                 return 1;
+                             LONG result = ERROR_SUCCESS;
+                             for (int i = 0; i < 1000 && result == ERROR_SUCCESS; ++i)
+                                 result = readOnce();
+                             syscall(SYS_exit, result == ERROR_SUCCESS ? 0 : 2);
+                             return 3;
+                         }),
+              0);
+}
+
+TEST(Store, AForkedChildHasAConnectionOfItsOwn)
+{
+    const TestKey test("fork");
+    ASSERT_EQ(SetText(test.Key(), "parent", "p"), ERROR_SUCCESS);
+    EXPECT_EQ(RunInChild("",
+                         [&] {
+                             const bool reads = GetText(test.Key(), "parent") == "p";
+                             return reads && SetText(test.Key(), "child", "c") == ERROR_SUCCESS ? 0 : 1;
+                         }),
+              0);
+    EXPECT_EQ(GetText(test.Key(), "child"), "c");
+    EXPECT_EQ(SetText(test.Key(), "parent", "still"), ERROR_SUCCESS);
+}
+
+} // namespace
