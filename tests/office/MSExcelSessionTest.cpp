@@ -2,6 +2,8 @@
 
 #include <MsgDll.h>
 
+#include <afxwin.h>
+
 #include <utility>
 
 using testing::ElementsAre;
@@ -206,6 +208,22 @@ TEST_F(ExcelSession, ErrorBoxesNeverTrustTheMessage)
         excel->ErrorinExcel(7, "detail");
         EXPECT_EQ(boxes.Caught().size(), 1u);
     }
+    CMsgDll::pfuncLoadStr = loader;
+}
+
+TEST_F(ExcelSession, ErrorBoxesBearTheProductsName)
+{
+    const auto loader = std::exchange(CMsgDll::pfuncLoadStr, &GiveMessage);
+    g_message = "Error %d";
+    CWinApp app;
+    app.SetRegistryKey("ZekOfficeTest");
+    app.WriteProfileString("ZEK_Product", "ProductName", "Frames 3");
+    BoxCatcher boxes;
+    excel->ErrorinExcel(1, "");
+    ASSERT_EQ(boxes.Caught().size(), 1u);
+    EXPECT_EQ(boxes.Caught()[0].text, "Error 1");
+    EXPECT_EQ(boxes.Caught()[0].caption, "Frames 3");
+    app.WriteProfileString("ZEK_Product", nullptr, nullptr);
     CMsgDll::pfuncLoadStr = loader;
 }
 

@@ -279,4 +279,23 @@ TEST(OleInit, ThreadsHaveAFilterWhileOleRuns)
     AfxOleTerm();
 }
 
+TEST(OleInit, ABusyProgramIsAskedAgainForAWhile)
+{
+    ASSERT_TRUE(AfxOleInit());
+    LPMESSAGEFILTER filter = nullptr;
+    ASSERT_EQ(CoRegisterMessageFilter(nullptr, &filter), S_OK);
+    ASSERT_NE(filter, nullptr);
+    const DWORD giveUp = static_cast<DWORD>(-1);
+    EXPECT_NE(filter->RetryRejectedCall(nullptr, 0, SERVERCALL_RETRYLATER), giveUp);
+    EXPECT_NE(filter->RetryRejectedCall(nullptr, 9999, SERVERCALL_RETRYLATER), giveUp);
+    EXPECT_EQ(filter->RetryRejectedCall(nullptr, 10000, SERVERCALL_RETRYLATER), giveUp);
+    EXPECT_EQ(filter->RetryRejectedCall(nullptr, 0, SERVERCALL_REJECTED), giveUp);
+    AfxOleGetMessageFilter()->SetRetryReply(0);
+    EXPECT_EQ(filter->RetryRejectedCall(nullptr, 0, SERVERCALL_RETRYLATER), giveUp);
+    EXPECT_EQ(filter->MessagePending(nullptr, 0, 0), static_cast<DWORD>(PENDINGMSG_WAITDEFPROCESS));
+    EXPECT_EQ(filter->HandleInComingCall(0, nullptr, 0, nullptr), static_cast<DWORD>(SERVERCALL_ISHANDLED));
+    AfxOleTerm();
+    filter->Release();
+}
+
 } // namespace
