@@ -85,7 +85,14 @@ char32_t Lower(char32_t c)
 
 void AppendUtf8(std::string& target, const char16_t* text, std::size_t length)
 {
-    for (std::size_t i = 0; i < length; ++i) {
+    // Most texts are ASCII, at least up to somewhere.
+    const std::size_t ascii = static_cast<std::size_t>(
+        std::find_if(text, text + length, [](char16_t c) { return c >= 0x80; }) - text);
+    const std::size_t before = target.size();
+    target.resize(before + ascii);
+    std::transform(text, text + ascii, target.begin() + static_cast<std::ptrdiff_t>(before),
+                   [](char16_t c) { return static_cast<char>(c); });
+    for (std::size_t i = ascii; i < length; ++i) {
         char32_t point = text[i];
         if (IsHighSurrogate(point) && i + 1 < length && IsLowSurrogate(text[i + 1]))
             point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00u);

@@ -37,7 +37,7 @@ public:
     // --- Values (RangeValues.cpp) ---
 
     // One cell's value; of several cells a two-dimensional array that counts from 1. Dates as VT_DATE,
-    // amounts of money as VT_CY, other numbers as VT_R8. A formula answers what it last came to.
+    // amounts of money as VT_CY, other numbers as VT_R8. Formulas are not computed here: VT_EMPTY.
     Value GetValue();
     // As GetValue, numbers always as VT_R8.
     Value GetValue2();
