@@ -211,3 +211,24 @@ TEST(QSort, PointsByAxes)
     EXPECT_EQ(CQSort::QSortByPos(points, 0, 1, order), 0);
     EXPECT_EQ(order.GetSize(), 3);
 }
+
+TEST(QSort, AllThreeAxesDecide)
+{
+    CArray<T_POS_DBL3_PAIR, T_POS_DBL3_PAIR> corners; // of a cube, each numbered by its own place in x, y, z
+    for (int i = 7; i >= 0; --i)
+        corners.Add({i, {i / 4 * 1.0, i / 2 % 2 * 1.0, i % 2 * 1.0}});
+    CArray<int, int> order;
+    for (int first = 0; first < 3; ++first) {
+        for (const int second : {(first + 1) % 3, (first + 2) % 3}) {
+            SCOPED_TRACE(testing::Message() << first << ' ' << second);
+            const int weight[] = {4, 2, 1};
+            ASSERT_EQ(CQSort::QSortByPos(corners, first, second, order), 1);
+            ASSERT_EQ(order.GetSize(), 8);
+            for (int i = 0; i < 8; ++i) {
+                const int third = 3 - first - second;
+                EXPECT_EQ(order[i],
+                          i / 4 * weight[first] + i / 2 % 2 * weight[second] + i % 2 * weight[third]);
+            }
+        }
+    }
+}

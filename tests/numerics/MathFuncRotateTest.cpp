@@ -137,7 +137,8 @@ TEST(MathFuncRotate, AnglesBetweenVectors)
                 {"quarter from below", {1, 0, 0}, {0, 1, 0}, {0, 0, -1}, 90, 270},
                 {"lengths do not matter", {4, 0, 0}, {0.1, 0.1, 0}, {0, 0, 7}, 45, 45},
                 {"equal", {2, 0, 0}, {2, 0, 0}, {0, 0, 1}, 0, 0},
-                {"opposite", {1, 0, 0}, {-3, 0, 0}, {0, 0, -1}, 180, 180}};
+                {"opposite", {1, 0, 0}, {-3, 0, 0}, {0, 0, -1}, 180, 180},
+                {"too close to tell", {1, 0, 0}, {1, 1e-10, 0}, {0, 0, -1}, 0, 0}};
     for (auto row : rows) {
         SCOPED_TRACE(row.label);
         double *const a = row.a.data(), *const b = row.b.data();
