@@ -9,6 +9,7 @@
 namespace {
 
 constexpr unsigned kKeyBits = 20;
+constexpr int kNoNumber = -1;
 
 using Comparison = int (*)(const void*, const void*);
 
@@ -44,6 +45,14 @@ int TextOrder(const CString& a, const CString& b)
 int WrappedDifference(int a, int b)
 {
     return CCompFunc::intAsc(&a, &b);
+}
+
+// The wrapped difference, but no number stands before every other: the largest one would wrap.
+int NumberOrder(int a, int b)
+{
+    if (a == kNoNumber || b == kNoNumber)
+        return (a != kNoNumber) - (b != kNoNumber);
+    return WrappedDifference(a, b);
 }
 
 bool IsAxis(int axis)
@@ -152,7 +161,7 @@ void CQSort::SeparateStringNum(const CString& str, CString& strName, int& nZero,
     int first = text.GetLength();
     for (; first > 0 && text[first - 1] >= '0' && text[first - 1] <= '9'; --first)
         nZero = text[first - 1] == '0' ? nZero + 1 : 0;
-    nNum = first == text.GetLength() ? -1 : AfxAtoI(text.GetString() + first);
+    nNum = first == text.GetLength() ? kNoNumber : AfxAtoI(text.GetString() + first);
     strName = text.Left(first);
 }
 
@@ -219,7 +228,7 @@ int CQSort::CompareStringNumWithIndex(const void* a, const void* b)
     const auto& right = *static_cast<const T_POS_STR_NUM*>(b);
     if (const int byName = TextOrder(left.name, right.name))
         return byName;
-    if (const int byNumber = WrappedDifference(left.number, right.number))
+    if (const int byNumber = NumberOrder(left.number, right.number))
         return byNumber;
     return WrappedDifference(left.zero, right.zero);
 }

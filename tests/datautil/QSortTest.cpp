@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <gmock/gmock.h>
 #include <limits>
 #include <numeric>
@@ -173,6 +174,10 @@ TEST(QSort, NaturalOrder)
     CQSort::QSortStringNumWithIndex(index, texts, 7);
     EXPECT_THAT(Texts(texts, 7), ElementsAre("A", "A2", "A02", "A10", "B", "B00", "B2147483647"));
     EXPECT_THAT(index, ElementsAre(3U, 2U, 4U, 1U, 0U, 6U, 5U));
+    const T_POS_STR_NUM none = {0, "B", 0, -1}, largest = {0, "B", 0, INT_MAX}, wrapped = {0, "B", 0, -5};
+    EXPECT_LT(CQSort::CompareStringNumWithIndex(&none, &largest), 0);
+    EXPECT_GT(CQSort::CompareStringNumWithIndex(&largest, &none), 0);
+    EXPECT_LT(CQSort::CompareStringNumWithIndex(&none, &wrapped), 0);
     CQSort::QSortStringNumWithIndex(index, texts, 0);
 
     unsigned stray[] = {1, 9}; // texts follow the indices, a stray one moves none
