@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -31,7 +32,18 @@ struct PrivateRange {
 constexpr PrivateRange kPrivate[] = {{949, 0xc9, 0xc9, 0xa1, 0xfe, 0xe000},
                                      {949, 0xfe, 0xfe, 0xa1, 0xfe, 0xe05e},
                                      {936, 0xaa, 0xaf, 0xa1, 0xfe, 0xe000},
-                                     {936, 0xf8, 0xfe, 0xa1, 0xfe, 0xe234}};
+                                     {936, 0xf8, 0xfe, 0xa1, 0xfe, 0xe234},
+                                     {936, 0xa1, 0xa7, 0x40, 0xa0, 0xe4c6}};
+
+// The one byte inside the ranges that is never a second one.
+constexpr int kNoTrail = 0x7f;
+
+// From U+00C0 and from U+0100 on: the letter without its accent; a dot where there is none.
+constexpr char16_t kFirstLatin1 = 0xc0, kFirstLatinA = 0x100;
+constexpr std::string_view kLatin1 = "AAAAAA.CEEEEIIII.NOOOOO.OUUUUY..aaaaaa.ceeeeiiii.nooooo.ouuuuy.y";
+constexpr std::string_view kLatinA = "AaAaAaCcCcCcCcDd.dEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIi..JjKk.LlLlLl."
+                                     ".LlNnNnNn...OoOoOo..RrRrRrSsSsSs..TtTtTtUuUuUuUuUuUuWwYy.ZzZz...";
+static_assert(kLatin1.size() == 64 && kLatinA.size() == 128);
 
 class Converter
 {
@@ -107,7 +119,8 @@ void FillPrivate(CodePageTable& table, UINT codePage)
         char16_t wide = range.wide;
         for (int lead = range.firstLead; lead <= range.lastLead; ++lead)
             for (int trail = range.firstTrail; trail <= range.lastTrail; ++trail)
-                table.toWide[static_cast<size_t>(lead << 8 | trail)] = wide++;
+                if (trail != kNoTrail)
+                    table.toWide[static_cast<size_t>(lead << 8 | trail)] = wide++;
     }
 }
 
@@ -127,18 +140,21 @@ void FillBackward(CodePageTable& table, const Page& page)
     }
 }
 
-// Full-width forms become their ASCII counterparts, letters lose their accents.
-void FillBestFit(CodePageTable& table, const Page& page)
+void AddBestFit(CodePageTable& table, char16_t first, std::string_view letters)
 {
-    Converter converter((std::string(page.iconvName) + "//TRANSLIT").c_str(), "UTF-16LE");
+    for (size_t i = 0; i < letters.size(); ++i)
+        if (letters[i] != '.')
+            table.bestFit[first + i] = static_cast<unsigned char>(letters[i]);
+}
+
+// Full-width forms become their ASCII counterparts, letters lose their accents.
+void FillBestFit(CodePageTable& table)
+{
     table.bestFit.assign(0x10000, 0);
     for (unsigned wide = 0xff01; wide <= 0xff5e; ++wide)
         table.bestFit[wide] = static_cast<std::uint16_t>(wide - 0xff01 + '!');
-    for (unsigned wide = 0xa0; wide < 0x250; ++wide) {
-        const std::string bytes = converter.Convert(UnitBytes(wide));
-        if (!table.toBytes[wide] && bytes.size() == 1 && bytes != "?")
-            table.bestFit[wide] = static_cast<unsigned char>(bytes[0]);
-    }
+    AddBestFit(table, kFirstLatin1, kLatin1);
+    AddBestFit(table, kFirstLatinA, kLatinA);
 }
 
 std::unique_ptr<CodePageTable> BuildTable(const Page& page)
@@ -151,7 +167,7 @@ std::unique_ptr<CodePageTable> BuildTable(const Page& page)
     FillForward(*table, page);
     FillPrivate(*table, page.number);
     FillBackward(*table, page);
-    FillBestFit(*table, page);
+    FillBestFit(*table);
     return table;
 }
 

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cctype>
 #include <climits>
 #include <memory>
@@ -112,7 +113,7 @@ DWORD ParsePrefix(const char*& text, ParsedPath& parsed)
         return NO_ERROR;
     if (!HasDrive(text))
         return verbatim ? ERROR_BAD_NETPATH : ERROR_FILE_NOT_FOUND;
-    parsed.literal = verbatim;
+    parsed.verbatim = verbatim;
     return NO_ERROR;
 }
 
@@ -134,7 +135,7 @@ DWORD ParseRoot(const char*& text, ParsedPath& parsed)
         text += 2;
     } else if (*text == '/') {
         drive = 'Z';
-        parsed.literal = true;
+        parsed.isUnix = true;
     }
     if (drive && drive != 'C' && drive != 'Z')
         return ERROR_PATH_NOT_FOUND;
@@ -152,15 +153,12 @@ std::string Trimmed(const std::string& part)
     return part.substr(0, last == std::string::npos ? 0 : last + 1);
 }
 
-bool IsLegalNewName(const std::string& part, bool literal)
+bool IsLegalNewName(const std::string& part, const ParsedPath& parsed)
 {
-    if (part.empty())
-        return false;
-    for (const unsigned char c : part)
-        if (!literal &&
-            (c < 0x20 || std::string_view("<>:\"|?*").find(static_cast<char>(c)) != std::string_view::npos))
-            return false;
-    return true;
+    const std::string_view illegal = parsed.isUnix ? "<>\"|?*" : "<>\"|?*:";
+    return !part.empty() && (parsed.verbatim || std::none_of(part.begin(), part.end(), [illegal](char c) {
+                                 return (c >= 0 && c < 0x20) || illegal.find(c) != std::string_view::npos;
+                             }));
 }
 
 bool Exists(const std::string& path)
@@ -194,8 +192,8 @@ bool FollowParts(const ParsedPath& parsed, std::string& path)
     for (const auto& part : parsed.parts) {
         const std::string found = missing ? "" : FindEntry(path.empty() ? "/" : path, part);
         missing = found.empty();
-        const std::string fresh = parsed.literal ? part : Trimmed(part);
-        if (missing && !IsLegalNewName(fresh, parsed.literal))
+        const std::string fresh = parsed.verbatim ? part : Trimmed(part);
+        if (missing && !IsLegalNewName(fresh, parsed))
             return Fail(ERROR_INVALID_NAME);
         path += "/" + (missing ? fresh : found);
     }
@@ -222,7 +220,7 @@ ParsedPath FromNative(const std::string& native)
     const bool onC = LiesIn(native, real);
     parsed.drive = onC ? 'C' : 'Z';
     parsed.parts = SplitNative(onC ? native.substr(real.size()) : native);
-    parsed.literal = true;
+    parsed.isUnix = true;
     return parsed;
 }
 
@@ -233,7 +231,7 @@ DWORD ParsePath(LPCSTR path, ParsedPath& parsed)
     const char* text = path;
     if (const DWORD refused = ParsePrefix(text, parsed))
         return refused;
-    const Device device = parsed.literal ? Device::None : DeviceOf(text);
+    const Device device = parsed.verbatim ? Device::None : DeviceOf(text);
     if (device == Device::Other)
         return ERROR_FILE_NOT_FOUND;
     parsed.isNullDevice = device == Device::Null;

@@ -13,7 +13,8 @@ struct ParsedPath {
     char drive = 'Z';
     std::vector<std::string> parts; // below the drive's root, without `.` and `..`
     bool asFolder = false;          // ended in a separator
-    bool literal = false;           // a Unix path, or \\?\: any character may stand in a name
+    bool isUnix = false;            // began with a slash: a colon may stand in a name
+    bool verbatim = false;          // began with \\?\: so may anything
     bool isNullDevice = false;
 };
 

@@ -20,7 +20,7 @@ constexpr char kSystemFolder[] = "C:\\windows\\system32";
 // Dots and blanks at the end of a Win32 path do not count.
 void TrimLastPart(ParsedPath& parsed)
 {
-    if (parsed.literal || parsed.parts.empty())
+    if (parsed.verbatim || parsed.parts.empty())
         return;
     std::string& last = parsed.parts.back();
     last.erase(last.find_last_not_of(". ") + 1);

@@ -1,0 +1,238 @@
+// What the adapter has beyond Win32: the home folder, the mapping of paths, the hook of the boxes.
+#include "Scratch.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <zekhooks.h>
+#include <zekpath.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <string>
+
+namespace {
+
+std::string Home()
+{
+    return std::getenv("ZEK_HOME");
+}
+
+std::string ProgramFolder()
+{
+    char program[1024];
+    GetModuleFileNameA(nullptr, program, sizeof program);
+    const std::string native = ZekNativePath(program);
+    return native.substr(0, native.rfind('/'));
+}
+
+TEST(AdapterPaths, DrivesAndUnixPaths)
+{
+    const std::string c = Home() + "/drive_c";
+    const struct {
+        const char* path;
+        std::string native;
+    } rows[] = {
+        {"Z:\\", "/"},
+        {"z:/etc\\no/such", "/etc/no/such"},
+        {"/etc//no/./such/", "/etc/no/such"},
+        {"C:\\", c},
+        {"C:\\..\\..\\etc\\none", c + "/etc/none"},
+        {"C:/Windows/SYSTEM32", c + "/windows/system32"},
+        {"\\\\?\\C:\\none such.", c + "/none such."},
+        {"C:\\none such. ", c + "/none such"},
+        {"Z:\\none\\nul.txt", "/dev/null"},
+        {"\\\\.\\nul", "/dev/null"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.path);
+        EXPECT_EQ(ZekNativePath(row.path), row.native);
+    }
+}
+
+TEST(AdapterPaths, RefusedPaths)
+{
+    const struct {
+        const char* path;
+        DWORD error;
+    } rows[] = {
+        {"", ERROR_PATH_NOT_FOUND},
+        {nullptr, ERROR_PATH_NOT_FOUND},
+        {"\\\\server\\share", ERROR_BAD_NETPATH},
+        {"\\\\?\\UNC\\server\\share", ERROR_BAD_NETPATH},
+        {"D:\\x", ERROR_PATH_NOT_FOUND},
+        {"C:\\con", ERROR_FILE_NOT_FOUND},
+        {"C:\\x\\COM1.txt", ERROR_FILE_NOT_FOUND},
+        {"lpt9", ERROR_FILE_NOT_FOUND},
+        {"C:\\a?b", ERROR_INVALID_NAME},
+        {"C:\\a:b", ERROR_INVALID_NAME},
+        {"C:\\a\tb", ERROR_INVALID_NAME},
+        {"C:\\no\\...\\x", ERROR_INVALID_NAME},
+        {"\\\\.\\PhysicalDrive0", ERROR_FILE_NOT_FOUND},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.path ? row.path : "null");
+        SetLastError(0);
+        EXPECT_EQ(ZekNativePath(row.path), "");
+        EXPECT_EQ(GetLastError(), row.error);
+    }
+}
+
+TEST(AdapterPaths, ExactNamesComeFirstThenTheOrderOfBytes)
+{
+    const ScratchFolder folder;
+    for (const char* name : {"File", "fILE", "FILE"})
+        WriteWholeFile(folder.Path(name), name);
+    EXPECT_EQ(ZekNativePath(folder.Path("fILE").c_str()), folder.Path("fILE"));
+    EXPECT_EQ(ZekNativePath(folder.Path("file").c_str()), folder.Path("FILE"));
+    WriteWholeFile(folder.Path("\xc3\xa4rger"), "x");
+    EXPECT_EQ(ZekNativePath(folder.Path("\xc3\x84RGER").c_str()), folder.Path("\xc3\xa4rger"));
+    WriteWholeFile(folder.Path("odd:name?"), "x");
+    EXPECT_EQ(ZekNativePath((ZekWin32Path(folder.Path()) + "\\odd:name?").c_str()), folder.Path("odd:name?"))
+        << "a file that exists is reached by any name";
+}
+
+TEST(AdapterPaths, AnsweredPathsPreferTheDriveOfTheHome)
+{
+    ASSERT_NE(ZekNativePath("C:\\"), "");
+    EXPECT_EQ(ZekWin32Path(Home() + "/drive_c"), "C:\\");
+    EXPECT_EQ(ZekWin32Path(Home() + "/drive_c/a/b"), "C:\\a\\b");
+    EXPECT_EQ(ZekWin32Path("/"), "Z:\\");
+    EXPECT_EQ(ZekWin32Path("/usr/lib"), "Z:\\usr\\lib");
+    EXPECT_EQ(
+        ZekWin32Path(Home() + "/drive_cc"), "Z:" + [] {
+            std::string home = Home() + "/drive_cc";
+            for (char& c : home)
+                c = c == '/' ? '\\' : c;
+            return home;
+        }());
+}
+
+TEST(AdapterHome, IsMadeForItsOwnerOnly)
+{
+    const ScratchFolder folder;
+    const std::string before = Home(), fresh = folder.Path("some/new/home");
+    SetEnvironmentVariableA("ZEK_HOME", fresh.c_str());
+    EXPECT_EQ(ZekNativePath("C:\\windows"), fresh + "/drive_c/windows");
+    struct stat status;
+    ASSERT_EQ(stat(fresh.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0700u);
+    WriteWholeFile(folder.Path("file"), "x");
+    SetEnvironmentVariableA("ZEK_HOME", folder.Path("file").c_str());
+    EXPECT_EQ(ZekNativePath("C:\\x"), "") << "a home that cannot be made";
+    EXPECT_EQ(ZekNativePath("Z:\\etc"), "/etc") << "the other drive needs none";
+    SetEnvironmentVariableA("ZEK_HOME", before.c_str());
+}
+
+TEST(AdapterHome, ProfileWithoutAFolderLiesInTheWindowsFolder)
+{
+    EXPECT_TRUE(WritePrivateProfileStringA("s", "k", "v", "probe.ini"));
+    EXPECT_EQ(ReadWholeFile(Home() + "/drive_c/windows/probe.ini"), "[s]\r\nk=v\r\n");
+    EXPECT_TRUE(WriteProfileStringA("s", "k", "main"));
+    char buffer[8];
+    EXPECT_EQ(GetProfileStringA("s", "k", "", buffer, sizeof buffer), 4u);
+}
+
+int lastStyle = -1;
+
+int AnswerNo(HWND, LPCSTR text, LPCSTR caption, UINT style)
+{
+    lastStyle = static_cast<int>(style);
+    return std::strcmp(text, "question") == 0 && std::strcmp(caption, "Error") == 0 ? IDNO : 0;
+}
+
+TEST(AdapterBoxes, TheHookAnswers)
+{
+    const ZEK_BOX_HOOK before = ZekSetBoxHook(AnswerNo);
+    EXPECT_EQ(MessageBoxA(nullptr, "question", nullptr, MB_YESNO | MB_ICONQUESTION), IDNO);
+    EXPECT_EQ(lastStyle, static_cast<int>(MB_YESNO | MB_ICONQUESTION));
+    EXPECT_EQ(ZekSetBoxHook(before), AnswerNo);
+}
+
+TEST(AdapterBoxes, WithoutAHookTheDefaultButtonAnswers)
+{
+    const struct {
+        UINT style;
+        int button;
+    } rows[] = {{MB_OK, IDOK},
+                {MB_OKCANCEL, IDOK},
+                {MB_OKCANCEL | MB_DEFBUTTON2, IDCANCEL},
+                {MB_ABORTRETRYIGNORE | MB_DEFBUTTON3, IDIGNORE},
+                {MB_YESNOCANCEL, IDYES},
+                {MB_YESNO | MB_DEFBUTTON2 | MB_ICONWARNING, IDNO},
+                {MB_YESNO | MB_DEFBUTTON3, IDYES},
+                {MB_RETRYCANCEL, IDRETRY},
+                {MB_CANCELTRYCONTINUE | MB_DEFBUTTON2, IDTRYAGAIN},
+                {7, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.style);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(MessageBoxA(nullptr, "text", "Title", row.style), row.button);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), row.button ? "Title: text\n" : "");
+    }
+}
+
+// What a program in another environment takes the locale to be.
+std::string InLocale(const std::string& assignment)
+{
+    const std::string command = "env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LANG " + assignment + " '" +
+                                ProgramFolder() + "/winapi_locale'";
+    std::string answer(64, 0);
+    FILE* pipe = popen(command.c_str(), "r");
+    answer.resize(std::fread(answer.data(), 1, answer.size(), pipe));
+    pclose(pipe);
+    return answer;
+}
+
+TEST(AdapterLocale, CodePageAndLanguageComeFromTheEnvironment)
+{
+    const struct {
+        const char *assignment, *answer;
+    } rows[] = {
+        {"", "65001 0409 0409\n"},
+        {"LC_ALL=C", "65001 0409 0409\n"},
+        {"LANG=ko_KR.UTF-8", "65001 0412 0412\n"},
+        {"LANG=ko_KR.EUC-KR", "949 0412 0412\n"},
+        {"LC_ALL=ko_KR.CP949 LANG=en_US.UTF-8", "949 0412 0412\n"},
+        {"LC_CTYPE=ja_JP.SJIS LC_MESSAGES=en_GB.UTF-8", "932 0411 0809\n"},
+        {"LANG=zh_CN.GBK", "936 0804 0804\n"},
+        {"LANG=zh_TW.UTF-8", "65001 0404 0404\n"},
+        {"LANG=de_DE.ISO-8859-15@euro", "1252 0407 0407\n"},
+        {"LANG=xx_YY.KOI8-R", "65001 0409 0409\n"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.assignment);
+        EXPECT_EQ(InLocale(row.assignment), row.answer);
+    }
+}
+
+// A module of the right name in the current folder is no candidate, by whatever way the search could get
+// there.
+TEST(AdapterModules, TheCurrentFolderIsNotSearched)
+{
+    const ScratchFolder folder;
+    char before[1024];
+    const std::string probe = ProgramFolder() + "/libwinapi_probe.so";
+    ASSERT_TRUE(CopyFileA(probe.c_str(), folder.Path("libplanted.so").c_str(), TRUE));
+    ASSERT_TRUE(CreateDirectoryA(folder.Path("sub").c_str(), nullptr));
+    ASSERT_TRUE(CopyFileA(probe.c_str(), folder.Path("sub/libplanted.so").c_str(), TRUE));
+    GetCurrentDirectoryA(sizeof before, before);
+    ASSERT_TRUE(SetCurrentDirectoryA(folder.Path().c_str()));
+    for (const char* name :
+         {"planted", "planted.dll", "libplanted.so", ".\\planted.dll", "./libplanted.so", "sub\\planted.dll",
+          "..\\planted.dll", "sub/../planted.dll", "Z:planted.dll", ""}) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(LoadLibraryA(name), nullptr);
+        EXPECT_EQ(LoadLibraryExA(name, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS), nullptr);
+    }
+    SetCurrentDirectoryA(before);
+    const HMODULE meant = LoadLibraryA(folder.Path("planted.dll").c_str());
+    EXPECT_NE(meant, nullptr) << "a whole path is what the host means";
+    FreeLibrary(meant);
+}
+
+} // namespace
