@@ -20,15 +20,10 @@ WINBASEAPI int _strnicmp(const char* a, const char* b, size_t count);
 
 // A copy for free().
 WINBASEAPI char* _strdup(const char* text);
-// In place, ASCII letters.
-WINBASEAPI char* _strlwr(char* text);
-WINBASEAPI char* _strupr(char* text);
 
 // `value` in `radix` 2 to 36, lower case; a minus sign in radix 10 only.
 WINBASEAPI char* _itoa(int value, char* buffer, int radix);
 WINBASEAPI char* _ltoa(LONG value, char* buffer, int radix);
-WINBASEAPI char* _ultoa(DWORD value, char* buffer, int radix);
-WINBASEAPI char* _i64toa(LONGLONG value, char* buffer, int radix);
 
 // The leading number; a number beyond 64 bits is cut to the nearest bound.
 WINBASEAPI LONGLONG _atoi64(const char* text);

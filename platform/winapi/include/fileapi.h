@@ -202,14 +202,6 @@ WINBASEAPI DWORD WINAPI GetCurrentDirectoryA(DWORD size, LPSTR buffer);
 WINBASEAPI BOOL WINAPI SetCurrentDirectoryA(LPCSTR name);
 #define SetCurrentDirectory SetCurrentDirectoryA
 
-// Differs: no short names exist; the answer is the path as given. Fails where the path does not exist.
-WINBASEAPI DWORD WINAPI GetShortPathNameA(LPCSTR name, LPSTR buffer, DWORD size);
-#define GetShortPathName GetShortPathNameA
-
-// The path with every part written as it is on the disk. Fails where it does not exist.
-WINBASEAPI DWORD WINAPI GetLongPathNameA(LPCSTR name, LPSTR buffer, DWORD size);
-#define GetLongPathName GetLongPathNameA
-
 // With a backslash at the end. Differs: the folder of $TMPDIR, else `/tmp`.
 WINBASEAPI DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer);
 #define GetTempPath GetTempPathA

@@ -38,10 +38,6 @@ WINBASEAPI unsigned int _mbsnextc(const unsigned char* text);
 // -1 when `place` is a first (second) byte of a pair, else 0, counting from `text`.
 WINBASEAPI int _ismbslead(const unsigned char* text, const unsigned char* place);
 WINBASEAPI int _ismbstrail(const unsigned char* text, const unsigned char* place);
-WINBASEAPI int _ismbcspace(unsigned int character);
-WINBASEAPI int _ismbcdigit(unsigned int character);
-WINBASEAPI unsigned int _mbctolower(unsigned int character);
-WINBASEAPI unsigned int _mbctoupper(unsigned int character);
 
 // In place.
 WINBASEAPI unsigned char* _mbsupr(unsigned char* text);

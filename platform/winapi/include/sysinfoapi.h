@@ -5,22 +5,6 @@
 
 #include "windef.h"
 
-struct TIME_ZONE_INFORMATION {
-    LONG Bias; // minutes; UTC = local time + Bias
-    WCHAR StandardName[32];
-    SYSTEMTIME StandardDate;
-    LONG StandardBias;
-    WCHAR DaylightName[32];
-    SYSTEMTIME DaylightDate;
-    LONG DaylightBias;
-};
-using LPTIME_ZONE_INFORMATION = TIME_ZONE_INFORMATION*;
-
-#define TIME_ZONE_ID_INVALID (static_cast<DWORD>(0xffffffff))
-#define TIME_ZONE_ID_UNKNOWN 0
-#define TIME_ZONE_ID_STANDARD 1
-#define TIME_ZONE_ID_DAYLIGHT 2
-
 WINBASEAPI void WINAPI GetSystemTime(LPSYSTEMTIME time);
 WINBASEAPI void WINAPI GetLocalTime(LPSYSTEMTIME time);
 WINBASEAPI void WINAPI GetSystemTimeAsFileTime(LPFILETIME time);
@@ -37,10 +21,6 @@ WINBASEAPI BOOL WINAPI LocalFileTimeToFileTime(const FILETIME* local, LPFILETIME
 
 // -1, 0 or 1 as `a` is earlier than, equal to or later than `b`.
 WINBASEAPI LONG WINAPI CompareFileTime(const FILETIME* a, const FILETIME* b);
-
-// Bias, names and whether daylight time holds now.
-// Differs: the dates of the change are not answered (their month is 0).
-WINBASEAPI DWORD WINAPI GetTimeZoneInformation(LPTIME_ZONE_INFORMATION zone);
 
 WINBASEAPI BOOL WINAPI QueryPerformanceCounter(LARGE_INTEGER* ticks);
 WINBASEAPI BOOL WINAPI QueryPerformanceFrequency(LARGE_INTEGER* perSecond);

@@ -46,10 +46,6 @@ WINBASEAPI DWORD WINAPI GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD
 // Sets (`value` null: removes) a variable of the process's environment.
 WINBASEAPI BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value);
 #define SetEnvironmentVariable SetEnvironmentVariableA
-// Copies `source` with every %NAME% replaced; an unknown name stays. Answers the size with the terminator,
-// also when that is more than `size`.
-WINBASEAPI DWORD WINAPI ExpandEnvironmentStringsA(LPCSTR source, LPSTR buffer, DWORD size);
-#define ExpandEnvironmentStrings ExpandEnvironmentStringsA
 
 WINBASEAPI HANDLE WINAPI GetCurrentProcess();
 WINBASEAPI DWORD WINAPI GetCurrentProcessId();

@@ -68,11 +68,6 @@ WINBASEAPI LPSTR WINAPI CharUpperA(LPSTR text);
 #define CharUpper CharUpperA
 WINBASEAPI LPSTR WINAPI CharLowerA(LPSTR text);
 #define CharLower CharLowerA
-// The same for `count` bytes, answering how many were processed.
-WINBASEAPI DWORD WINAPI CharUpperBuffA(LPSTR text, DWORD count);
-#define CharUpperBuff CharUpperBuffA
-WINBASEAPI DWORD WINAPI CharLowerBuffA(LPSTR text, DWORD count);
-#define CharLowerBuff CharLowerBuffA
 
 // Between the ANSI and the OEM code page, `to` as large as `from` or `from` itself.
 WINBASEAPI BOOL WINAPI CharToOemA(LPCSTR from, LPSTR to);

@@ -98,18 +98,6 @@ LPSTR WINAPI CharLowerA(LPSTR text)
     return ConvertTextOrCharacter(text, LowerCase);
 }
 
-DWORD WINAPI CharUpperBuffA(LPSTR text, DWORD count)
-{
-    ConvertText(text, count, UpperCase);
-    return count;
-}
-
-DWORD WINAPI CharLowerBuffA(LPSTR text, DWORD count)
-{
-    ConvertText(text, count, LowerCase);
-    return count;
-}
-
 BOOL WINAPI CharToOemA(LPCSTR from, LPSTR to)
 {
     return Recode(CP_ACP, CP_OEMCP, from, to);

@@ -10,6 +10,24 @@
 
 namespace {
 
+// The ASCII characters at the start, found in steps of eight.
+template <class From>
+size_t AsciiRun(const From* from, size_t count)
+{
+    using Bits = std::make_unsigned_t<From>;
+    size_t run = 0;
+    for (; run + 8 <= count; run += 8) {
+        Bits all = 0;
+        for (size_t i = 0; i < 8; ++i)
+            all = static_cast<Bits>(all | static_cast<Bits>(from[run + i]));
+        if (all >= 0x80)
+            break;
+    }
+    while (run < count && static_cast<Bits>(from[run]) < 0x80)
+        ++run;
+    return run;
+}
+
 // Collects units up to the room there is, and counts them all.
 template <class Unit>
 class Output
@@ -29,9 +47,7 @@ public:
     template <class From>
     size_t PutAscii(const From* from, size_t count)
     {
-        size_t run = 0;
-        while (run < count && static_cast<std::make_unsigned_t<From>>(from[run]) < 0x80)
-            ++run;
+        const size_t run = AsciiRun(from, count);
         const size_t room = m_count < m_size ? std::min(run, m_size - m_count) : 0;
         for (size_t i = 0; i < room; ++i)
             m_buffer[m_count + i] = static_cast<Unit>(from[i]);

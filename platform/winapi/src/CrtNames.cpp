@@ -11,11 +11,6 @@ char Lower(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-char Upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 // A radix other than 10 shows the bits, so a negative number comes as its unsigned counterpart.
 template <class Signed, class Unsigned>
 char* NumberToText(Signed value, char* buffer, int radix)
@@ -49,18 +44,6 @@ char* _strdup(const char* text)
     return strdup(text);
 }
 
-char* _strlwr(char* text)
-{
-    std::transform(text, text + std::strlen(text), text, Lower);
-    return text;
-}
-
-char* _strupr(char* text)
-{
-    std::transform(text, text + std::strlen(text), text, Upper);
-    return text;
-}
-
 char* _itoa(int value, char* buffer, int radix)
 {
     return NumberToText<int, unsigned>(value, buffer, radix);
@@ -69,16 +52,6 @@ char* _itoa(int value, char* buffer, int radix)
 char* _ltoa(LONG value, char* buffer, int radix)
 {
     return NumberToText<LONG, DWORD>(value, buffer, radix);
-}
-
-char* _ultoa(DWORD value, char* buffer, int radix)
-{
-    return NumberToText<DWORD, DWORD>(value, buffer, radix);
-}
-
-char* _i64toa(LONGLONG value, char* buffer, int radix)
-{
-    return NumberToText<LONGLONG, ULONGLONG>(value, buffer, radix);
 }
 
 LONGLONG _atoi64(const char* text)

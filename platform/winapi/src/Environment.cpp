@@ -22,16 +22,6 @@ bool IsVariableName(LPCSTR name)
     return name && *name && !std::strchr(name, '=');
 }
 
-// `%NAME%` at the text's start becomes the variable's value; the answer is how many characters that took.
-size_t Expand(const std::string& text, std::string& result)
-{
-    const size_t end = text.front() == '%' ? text.find('%', 1) : std::string::npos;
-    const auto value =
-        end == std::string::npos ? std::nullopt : EnvironmentText(text.substr(1, end - 1).c_str());
-    result += value ? *value : text.substr(0, 1);
-    return value ? end + 1 : 1;
-}
-
 } // namespace
 
 std::optional<std::string> EnvironmentText(const char* name)
@@ -59,14 +49,4 @@ BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value)
         return Fail(ERROR_ENVVAR_NOT_FOUND);
     const int result = value ? setenv(name, value, 1) : unsetenv(name);
     return result == 0 || FailErrno();
-}
-
-DWORD WINAPI ExpandEnvironmentStringsA(LPCSTR source, LPSTR buffer, DWORD size)
-{
-    std::string rest = source, result;
-    while (!rest.empty())
-        rest.erase(0, Expand(rest, result));
-    if (buffer && result.size() < size)
-        std::memcpy(buffer, result.c_str(), result.size() + 1);
-    return static_cast<DWORD>(result.size() + 1);
 }

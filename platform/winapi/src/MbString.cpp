@@ -264,26 +264,6 @@ int _ismbstrail(const unsigned char* text, const unsigned char* place)
     return Role(text, place) == 2 ? -1 : 0;
 }
 
-int _ismbcspace(unsigned int character)
-{
-    return character == ' ' || (character >= '\t' && character <= '\r');
-}
-
-int _ismbcdigit(unsigned int character)
-{
-    return character >= '0' && character <= '9';
-}
-
-unsigned int _mbctolower(unsigned int character)
-{
-    return Lower(ActiveMbPage(), character);
-}
-
-unsigned int _mbctoupper(unsigned int character)
-{
-    return Upper(ActiveMbPage(), character);
-}
-
 unsigned char* _mbsupr(unsigned char* text)
 {
     return Convert(text, Upper);

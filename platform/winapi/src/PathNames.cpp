@@ -43,22 +43,6 @@ std::string FullPath(LPCSTR name)
     return Win32Text(parsed);
 }
 
-// The path of an existing file as it is spelled on the disk, in Win32 form; "" with the last error set.
-std::string ExistingPath(LPCSTR name)
-{
-    const std::string native = NativePath(name);
-    struct stat status;
-    if (native.empty() || (lstat(native.c_str(), &status) != 0 && !FailErrno(native)))
-        return "";
-    return ZekWin32Path(native);
-}
-
-DWORD AnswerExisting(LPCSTR name, LPSTR buffer, DWORD size)
-{
-    const std::string path = ExistingPath(name);
-    return path.empty() ? 0 : AnswerText(path, buffer, size);
-}
-
 // A folder on C: is made with the drive.
 UINT AnswerFolder(const char* folder, LPSTR buffer, UINT size)
 {
@@ -100,16 +84,6 @@ BOOL WINAPI SetCurrentDirectoryA(LPCSTR name)
     if (path.empty())
         return FALSE;
     return chdir(path.c_str()) == 0 || (errno == ENOTDIR ? Fail(ERROR_DIRECTORY) : FailErrno(path));
-}
-
-DWORD WINAPI GetShortPathNameA(LPCSTR name, LPSTR buffer, DWORD size)
-{
-    return AnswerExisting(name, buffer, size);
-}
-
-DWORD WINAPI GetLongPathNameA(LPCSTR name, LPSTR buffer, DWORD size)
-{
-    return AnswerExisting(name, buffer, size);
 }
 
 DWORD WINAPI GetTempPathA(DWORD size, LPSTR buffer)

@@ -99,12 +99,6 @@ BOOL Shift(const FILETIME& from, LONGLONG offset, FILETIME& to)
     return TRUE;
 }
 
-void SetName(WCHAR (&to)[32], const char* name)
-{
-    if (!MultiByteToWideChar(CP_ACP, 0, name, -1, to, 32))
-        to[31] = 0;
-}
-
 } // namespace
 
 FILETIME ToFileTime(const timespec& time)
@@ -185,20 +179,6 @@ void WINAPI GetLocalTime(LPSYSTEMTIME time)
     GetSystemTimeAsFileTime(&now);
     FileTimeToLocalFileTime(&now, &local);
     FileTimeToSystemTime(&local, time);
-}
-
-DWORD WINAPI GetTimeZoneInformation(LPTIME_ZONE_INFORMATION zone)
-{
-    const tm local = LocalNow();
-    const LONG shift = local.tm_isdst > 0 ? -60 : 0;
-    *zone = {};
-    zone->Bias = static_cast<LONG>(-local.tm_gmtoff / 60) - shift;
-    zone->DaylightBias = -60;
-    SetName(zone->StandardName, tzname[0]);
-    SetName(zone->DaylightName, tzname[1]);
-    if (local.tm_isdst > 0)
-        return TIME_ZONE_ID_DAYLIGHT;
-    return std::strcmp(tzname[0], tzname[1]) == 0 ? TIME_ZONE_ID_UNKNOWN : TIME_ZONE_ID_STANDARD;
 }
 
 BOOL WINAPI QueryPerformanceCounter(LARGE_INTEGER* ticks)
