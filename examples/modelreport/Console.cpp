@@ -48,6 +48,13 @@ CString NumberText(double value)
     return text;
 }
 
+CString Counted(int count, LPCSTR thing)
+{
+    CString text;
+    text.Format("%d %s%s", count, thing, count == 1 ? "" : "s");
+    return text;
+}
+
 void PrintModel(const CModelView& view)
 {
     CArray<UINT, UINT> numbers;

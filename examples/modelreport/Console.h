@@ -6,6 +6,9 @@
 // `value` with 9 significant digits; 0 has no sign.
 CString NumberText(double value);
 
+// "1 element", "2 elements".
+CString Counted(int count, LPCSTR thing);
+
 // The model's lines on standard output, all but the report's own.
 void PrintModel(const CModelView& view);
 void PrintReport(const CString& path);

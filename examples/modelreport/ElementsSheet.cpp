@@ -1,5 +1,6 @@
 #include "ReportSheets.h"
 
+#include "Console.h"
 #include "LongTable.h"
 #include "NumberFormat.h"
 
@@ -43,8 +44,7 @@ void SetFormats(CReportTable& table, const CModelView& view)
 
 CString Note(const CModelView& view)
 {
-    CString note;
-    note.Format("%d elements", view.ElementCount());
+    CString note = Counted(view.ElementCount(), "element");
     if (!view.Selection().IsEmpty())
         note += " (selected: " + view.Selection() + ")";
     return note + "; measure: volume of solids, area of surfaces, length of lines, by corner nodes";

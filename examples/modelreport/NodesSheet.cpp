@@ -1,5 +1,6 @@
 #include "ReportSheets.h"
 
+#include "Console.h"
 #include "LongTable.h"
 #include "NumberFormat.h"
 
@@ -43,7 +44,7 @@ void WriteNodesSheet(CReportBook& book, const CModelView& view, bool quiet)
     const CModel& model = view.Model();
     LongTableContent content;
     content.model = model.name;
-    content.note.Format("%d nodes; coordinates in the model's length unit", model.nodes.GetSize());
+    content.note = Counted(model.nodes.GetSize(), "node") + "; coordinates in the model's length unit";
     content.rows = model.nodes.GetSize();
     content.format = [&model](CReportTable& table) { SetFormats(table, model); };
     content.row = [&model](CReportTable& table, int row) { FillRow(table, model.nodes[row]); };

@@ -1,5 +1,6 @@
 #include "Remarks.h"
 
+#include "Console.h"
 #include "Fields.h"
 
 namespace {
@@ -46,14 +47,11 @@ void AddElementRemarks(const CModelView& view, CStringArray& remarks)
         const ElementGroup& group = view.Groups()[i];
         bare += group.section == kNone ? group.count : 0;
     }
-    CString remark;
-    remark.Format("%d elements belong to no solid, shell or beam section.", bare);
     if (bare > 0)
-        remarks.Add(remark);
-    remark.Format("%d element lines name more nodes than the type has; the rest is passed over.",
-                  view.Model().elementsCut);
-    if (view.Model().elementsCut > 0)
-        remarks.Add(remark);
+        remarks.Add(Counted(bare, "element") + " without a solid, shell or beam section.");
+    if (const int cut = view.Model().elementsCut; cut > 0)
+        remarks.Add(Counted(cut, "element") +
+                    " with more nodes than the type has; the surplus is passed over.");
 }
 
 void AddTypeRemarks(const CModelView& view, CStringArray& remarks)

@@ -97,6 +97,11 @@ void CReportBook::SetWrap(const CString& from, const CString& to)
     Put(TakeRange(from, to), OLESTR("WrapText"), COleVariant(short{TRUE}, VT_BOOL));
 }
 
+void CReportBook::SetIndent(const CString& from, const CString& to, short steps)
+{
+    Put(TakeRange(from, to), OLESTR("IndentLevel"), COleVariant(steps));
+}
+
 void CReportBook::End(const CString& name)
 {
     DeleteDefaultSheet();

@@ -30,6 +30,8 @@ public:
     void SetPrintTitleRow(int row);
     // Lets the texts of a block of the current sheet take several lines.
     void SetWrap(const CString& from, const CString& to);
+    // Keeps what is in the block away from the edge that it is aligned to, by so many steps.
+    void SetIndent(const CString& from, const CString& to, short steps);
     // Removes the sheets that a new workbook has and shows `name` first.
     void End(const CString& name);
 

@@ -17,12 +17,12 @@ CReportSheet::CReportSheet(CReportBook& book, const double* widths, int columnCo
         m_book.SetColumnWidth(CellName(0, column), CellName(0, column), widths[column]);
 }
 
-int CReportSheet::WidthOf(int first, int last) const
+double CReportSheet::WidthOf(int first, int last) const
 {
     double width = 0;
     for (int column = first; column <= last; ++column)
         width += m_widths[column];
-    return static_cast<int>(width);
+    return width;
 }
 
 void CReportSheet::Merge(int first, int last)

@@ -21,7 +21,7 @@ public:
     void Note(const CString& text);
 
     // How many characters the columns take together.
-    int WidthOf(int first, int last) const;
+    double WidthOf(int first, int last) const;
 
     CString Cell(int column) const { return CellName(m_row, column); }
     // Makes the columns of the row at hand one cell; a single column stays as it is.

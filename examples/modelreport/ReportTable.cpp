@@ -1,6 +1,5 @@
 #include "ReportTable.h"
 
-#include "NumberFormat.h"
 #include "TextLines.h"
 
 namespace {
@@ -10,6 +9,13 @@ constexpr COLORREF kWhite = RGB(255, 255, 255);
 
 // Longer texts show as hash marks in cells of the text format in older programs.
 constexpr int kLongestInTextFormat = 255;
+
+// Keeps numbers away from the right border by the width of a blank. Behind an exponent some programs would
+// take it as a digit place.
+CString WithSpace(const CString& format)
+{
+    return format.Find('E') < 0 ? format + "_ " : format;
+}
 
 } // namespace
 
@@ -39,28 +45,34 @@ void CReportTable::Begin(int rows)
     if (rows == 0)
         return;
     CReportBook& book = m_sheet.Book();
-    for (int i = 0; i < m_fieldCount; ++i) {
-        const CString first = CellName(m_firstRow, m_fields[i].first);
-        const CString last = CellName(m_lastRow, m_fields[i].last);
-        const bool text = m_fields[i].kind == kTextField;
-        book.SetHorAlign(first, last, text ? xlHAlignLeft : xlHAlignRight);
-        book.SetVerAlign(first, last, xlVAlignCenter);
-        if (text) {
-            book.SetCellInTextFormat(first, last);
-            book.SetWrap(first, last);
-        }
-    }
+    for (int i = 0; i < m_fieldCount; ++i)
+        FormatField(m_fields[i]);
     const CString first = CellName(m_firstRow, m_fields[0].first);
     const CString last = CellName(m_lastRow, m_fields[m_fieldCount - 1].last);
     book.SetBorder(first, last, xlContinuous, xlHairline);
     book.CellOutLine(first, last, xlContinuous, xlThin, xlColorIndexAutomatic);
 }
 
+void CReportTable::FormatField(const Field& field)
+{
+    CReportBook& book = m_sheet.Book();
+    const CString first = CellName(m_firstRow, field.first);
+    const CString last = CellName(m_lastRow, field.last);
+    const bool text = field.kind == kTextField;
+    book.SetHorAlign(first, last, text ? xlHAlignLeft : xlHAlignRight);
+    book.SetVerAlign(first, last, xlVAlignTop);
+    if (!text)
+        return;
+    book.SetCellInTextFormat(first, last);
+    book.SetIndent(first, last, 1);
+    book.SetWrap(first, last);
+}
+
 void CReportTable::SetNumberFormat(int field, const CString& format)
 {
     if (m_lastRow >= m_firstRow)
         m_sheet.Book().SetNumberFormat(CellName(m_firstRow, m_fields[field].first),
-                                       CellName(m_lastRow, m_fields[field].first), format);
+                                       CellName(m_lastRow, m_fields[field].first), WithSpace(format));
 }
 
 void CReportTable::Text(int field, const CString& text)
@@ -72,7 +84,7 @@ void CReportTable::Text(int field, const CString& text)
     if (!text.IsEmpty())
         m_sheet.Book().SetValue(cell, text);
     m_sheet.Merge(at.first, at.last);
-    const int lines = LinesOf(text, m_sheet.WidthOf(at.first, at.last) - 1);
+    const int lines = LinesOf(text, m_sheet.WidthOf(at.first, at.last));
     m_lines = lines > m_lines ? lines : m_lines;
 }
 
@@ -82,10 +94,10 @@ void CReportTable::Number(int field, double value)
     m_sheet.Merge(m_fields[field].first, m_fields[field].last);
 }
 
-void CReportTable::FormattedNumber(int field, double value)
+void CReportTable::FormattedNumber(int field, double value, const CString& format)
 {
     const CString cell = m_sheet.Cell(m_fields[field].first);
-    m_sheet.Book().SetNumberFormat(cell, cell, FormatFor(value));
+    m_sheet.Book().SetNumberFormat(cell, cell, WithSpace(format));
     Number(field, value);
 }
 

@@ -27,18 +27,20 @@ public:
 
     // Formats a body of so many rows, so that what is then stored stays a text or a number.
     void Begin(int rows);
+    // A format without an exponent gets a blank's width to the right.
     void SetNumberFormat(int field, const CString& format);
 
     void Text(int field, const CString& text);
     void Number(int field, double value);
-    // In a number format of its own that shows the number's digits.
-    void FormattedNumber(int field, double value);
+    // In a number format of its own.
+    void FormattedNumber(int field, double value, const CString& format);
     void NextRow();
 
     // Gives the rows that hold several lines their heights.
     void End();
 
 private:
+    void FormatField(const Field& field);
     void SetHeights();
 
     CReportSheet& m_sheet;

@@ -1,5 +1,6 @@
 #include "ReportSheets.h"
 
+#include "Console.h"
 #include "LongTable.h"
 #include "TextLines.h"
 
@@ -26,10 +27,9 @@ using SetRows = CArray<SetRow, const SetRow&>;
 
 void GatherRows(const CModel& model, SetRows& rows)
 {
-    const int width = static_cast<int>(kWidths[kRanges]) - 1;
     CStringArray pieces;
     for (int i = 0; i < model.sets.GetSize(); ++i) {
-        SplitForRows(Ranges(model.sets[i]->members), width, pieces);
+        SplitForRows(Ranges(model.sets[i]->members), kWidths[kRanges], pieces);
         for (int piece = 0; piece < pieces.GetSize(); ++piece)
             rows.Add({model.sets[i], piece == 0, pieces[piece]});
     }
@@ -53,8 +53,8 @@ void WriteSetsSheet(CReportBook& book, const CModelView& view, bool quiet)
     GatherRows(view.Model(), rows);
     LongTableContent content;
     content.model = view.Model().name;
-    content.note.Format("%d sets, with those of their nodes and elements that the model has",
-                        view.Model().sets.GetSize());
+    content.note = Counted(view.Model().sets.GetSize(), "set") +
+                   ", with those of the nodes and elements that the model has";
     content.rows = rows.GetSize();
     content.format = [](CReportTable& table) { table.SetNumberFormat(kCount, "0"); };
     content.row = [&rows](CReportTable& table, int row) { FillRow(table, rows[row]); };

@@ -7,24 +7,56 @@
 
 namespace {
 
-constexpr double kWidths[] = {14, 22, 18, 11, 11, 18, 28};
-constexpr int kColumns = 7;
+constexpr double kWidths[] = {16, 26, 20, 13, 13, 22};
+constexpr int kColumns = 6;
+constexpr double kRangesWidth = kWidths[3] + kWidths[4] + kWidths[5];
+
+// ---- tables of counted things
+
+struct CountedRow {
+    CString item; // "": the text of the row above goes on
+    int count;
+    CString text;
+};
+
+using CountedRows = CArray<CountedRow, const CountedRow&>;
+
+// One row, or several when the text does not fit in one.
+void AddRow(CountedRows& rows, const CString& item, int count, const CString& text)
+{
+    CStringArray pieces;
+    SplitForRows(text, kRangesWidth, pieces);
+    for (int i = 0; i < pieces.GetSize(); ++i)
+        rows.Add({i == 0 ? item : CString(), count, pieces[i]});
+}
+
+void AddRow(CountedRows& rows, const CString& item, CArray<UINT, UINT>& numbers)
+{
+    AddRow(rows, item, numbers.GetSize(), Ranges(numbers));
+}
+
+void WriteRows(CReportTable& table, const CountedRows& rows)
+{
+    table.Headings();
+    table.Begin(rows.GetSize());
+    table.SetNumberFormat(1, "0");
+    for (int i = 0; i < rows.GetSize(); ++i) {
+        table.Text(0, rows[i].item);
+        if (!rows[i].item.IsEmpty())
+            table.Number(1, rows[i].count);
+        table.Text(2, rows[i].text);
+        table.NextRow();
+    }
+    table.End();
+}
 
 // ---- the model
 
 constexpr Field kModelFields[] = {
     {"Item", 0, 1, kTextField},
     {"Count", 2, 2, kNumberField},
-    {"Ranges", 3, 6, kTextField},
+    {"Ranges, names", 3, 5, kTextField},
 };
-
-struct ModelRow {
-    LPCSTR item;
-    int count;
-    CString ranges;
-};
-
-using ModelRows = CArray<ModelRow, const ModelRow&>;
 
 int CountSets(const CModel& model, SetKind kind)
 {
@@ -34,17 +66,15 @@ int CountSets(const CModel& model, SetKind kind)
     return count;
 }
 
-// One row, or several when the ranges do not fit in one.
-void AddRow(ModelRows& rows, LPCSTR item, CArray<UINT, UINT>& numbers)
+CString MaterialNames(const CModel& model)
 {
-    CStringArray pieces;
-    SplitForRows(Ranges(numbers), static_cast<int>(kWidths[3] + kWidths[4] + kWidths[5] + kWidths[6]) - 1,
-                 pieces);
-    for (int i = 0; i < pieces.GetSize(); ++i)
-        rows.Add({i == 0 ? item : "", numbers.GetSize(), pieces[i]});
+    CString names;
+    for (int i = 0; i < model.materials.GetSize(); ++i)
+        names += (i == 0 ? "" : ", ") + model.materials[i];
+    return names;
 }
 
-void GatherModel(const CModelView& view, ModelRows& rows)
+void GatherModel(const CModelView& view, CountedRows& rows)
 {
     const CModel& model = view.Model();
     CArray<UINT, UINT> numbers;
@@ -56,29 +86,19 @@ void GatherModel(const CModelView& view, ModelRows& rows)
         view.ElementNumbers(numbers);
         AddRow(rows, "Selected elements", numbers);
     }
-    rows.Add({"Node sets", CountSets(model, kNodeSet), ""});
-    rows.Add({"Element sets", CountSets(model, kElementSet), ""});
-    rows.Add({"Sections", model.sections.GetSize(), ""});
-    rows.Add({"Materials", model.materials.GetSize(), ""});
+    AddRow(rows, "Node sets", CountSets(model, kNodeSet), "");
+    AddRow(rows, "Element sets", CountSets(model, kElementSet), "");
+    AddRow(rows, "Sections", model.sections.GetSize(), "");
+    AddRow(rows, "Materials", model.materials.GetSize(), MaterialNames(model));
 }
 
 void WriteModel(CReportSheet& sheet, const CModelView& view)
 {
-    ModelRows rows;
+    CountedRows rows;
     GatherModel(view, rows);
     sheet.SectionTitle("Model");
     CReportTable table(sheet, kModelFields, 3);
-    table.Headings();
-    table.Begin(rows.GetSize());
-    table.SetNumberFormat(1, "0");
-    for (int i = 0; i < rows.GetSize(); ++i) {
-        table.Text(0, rows[i].item);
-        if (*rows[i].item)
-            table.Number(1, rows[i].count);
-        table.Text(2, rows[i].ranges);
-        table.NextRow();
-    }
-    table.End();
+    WriteRows(table, rows);
 }
 
 // ---- measures
@@ -120,7 +140,7 @@ void WriteMeasures(CReportSheet& sheet, const CModelView& view)
     for (const MeasureRow& row : kMeasureRows) {
         table.Text(0, row.title);
         if (row.kind != kNoMeasure)
-            table.FormattedNumber(1, view.Totals().sums[row.kind]);
+            table.FormattedNumber(1, view.Totals().sums[row.kind], FormatFor(view.Totals().sums[row.kind]));
         table.Number(2, CountMeasured(view, row.kind));
         table.NextRow();
     }
@@ -130,16 +150,25 @@ void WriteMeasures(CReportSheet& sheet, const CModelView& view)
 // ---- bounds
 
 constexpr Field kBoundsFields[] = {
-    {"Bounds", 0, 1, kTextField},
-    {"X", 2, 2, kNumberField},
-    {"Y", 3, 4, kNumberField},
-    {"Z", 5, 5, kNumberField},
+    {"Bounds", 0, 0, kTextField},
+    {"X", 1, 1, kNumberField},
+    {"Y", 2, 2, kNumberField},
+    {"Z", 3, 4, kNumberField},
 };
+
+// Lowest, highest and extent along an axis.
+void WriteBound(CReportTable& table, const double* bounds, int row, int axis)
+{
+    const double values[] = {bounds[axis], bounds[axis + 3], bounds[axis + 3] - bounds[axis]};
+    CMagnitudes magnitudes;
+    for (const double value : values)
+        magnitudes.Add(value);
+    table.FormattedNumber(axis + 1, values[row], magnitudes.Format());
+}
 
 void WriteBounds(CReportSheet& sheet, const CModelView& view)
 {
     constexpr LPCSTR kTitles[] = {"Lowest", "Highest", "Extent"};
-    const double* bounds = view.Bounds();
     sheet.SectionTitle("Bounds of all nodes");
     CReportTable table(sheet, kBoundsFields, 4);
     table.Headings();
@@ -147,8 +176,7 @@ void WriteBounds(CReportSheet& sheet, const CModelView& view)
     for (int row = 0; row < 3; ++row) {
         table.Text(0, kTitles[row]);
         for (int axis = 0; axis < 3; ++axis)
-            table.FormattedNumber(axis + 1,
-                                  row == 2 ? bounds[axis + 3] - bounds[axis] : bounds[row * 3 + axis]);
+            WriteBound(table, view.Bounds(), row, axis);
         table.NextRow();
     }
     table.End();
@@ -156,24 +184,32 @@ void WriteBounds(CReportSheet& sheet, const CModelView& view)
 
 // ---- element types
 
+constexpr Field kTypeFields[] = {
+    {"Type", 0, 1, kTextField},
+    {"Elements", 2, 2, kNumberField},
+    {"Ranges", 3, 5, kTextField},
+};
+
+void WriteTypes(CReportSheet& sheet, const CModelView& view)
+{
+    CountedRows rows;
+    CArray<UINT, UINT> numbers;
+    for (int i = 0; i < view.Types().GetSize(); ++i) {
+        view.NumbersOfType(view.Types()[i], numbers);
+        AddRow(rows, view.Model().types[view.Types()[i]].name, numbers);
+    }
+    sheet.SectionTitle("Element types");
+    CReportTable table(sheet, kTypeFields, 3);
+    WriteRows(table, rows);
+}
+
 constexpr Field kGroupFields[] = {
     {"Type", 0, 0, kTextField},       {"Section", 1, 1, kTextField}, {"Material", 2, 2, kTextField},
     {"Elements", 3, 3, kNumberField}, {"Measure", 4, 4, kTextField}, {"Total", 5, 5, kNumberField},
-    {"Ranges", 6, 6, kTextField},
 };
-enum { kType, kSection, kMaterial, kCount, kMeasure, kTotal, kRanges };
+enum { kType, kSection, kMaterial, kCount, kMeasure, kTotal };
 
-void NumbersOfGroup(const CModelView& view, const ElementGroup& group, CArray<UINT, UINT>& numbers)
-{
-    numbers.RemoveAll();
-    for (int i = 0; i < view.ElementCount(); ++i) {
-        const ElementRecord& element = view.Element(i);
-        if (element.type == group.type && element.section == group.section)
-            numbers.Add(element.number);
-    }
-}
-
-void FillGroup(CReportTable& table, const CModelView& view, const ElementGroup& group, const CString& ranges)
+void FillGroup(CReportTable& table, const CModelView& view, const ElementGroup& group)
 {
     const CModel& model = view.Model();
     const TypeRecord& type = model.types[group.type];
@@ -183,43 +219,18 @@ void FillGroup(CReportTable& table, const CModelView& view, const ElementGroup& 
     table.Number(kCount, group.count);
     table.Text(kMeasure, MeasureName(type.shape.measure));
     if (type.shape.measure != kNoMeasure)
-        table.FormattedNumber(kTotal, group.sum);
-    table.Text(kRanges, ranges);
-}
-
-struct GroupRow {
-    int group; // kNone: the ranges of the row above go on
-    CString ranges;
-};
-
-using GroupRows = CArray<GroupRow, const GroupRow&>;
-
-void GatherGroups(const CModelView& view, GroupRows& rows)
-{
-    CArray<UINT, UINT> numbers;
-    CStringArray pieces;
-    for (int i = 0; i < view.Groups().GetSize(); ++i) {
-        NumbersOfGroup(view, view.Groups()[i], numbers);
-        SplitForRows(Ranges(numbers), static_cast<int>(kWidths[kRanges]) - 1, pieces);
-        for (int piece = 0; piece < pieces.GetSize(); ++piece)
-            rows.Add({piece == 0 ? i : kNone, pieces[piece]});
-    }
+        table.FormattedNumber(kTotal, group.sum, FormatFor(group.sum));
 }
 
 void WriteGroups(CReportSheet& sheet, const CModelView& view)
 {
-    GroupRows rows;
-    GatherGroups(view, rows);
     sheet.SectionTitle("Element types by section and material");
-    CReportTable table(sheet, kGroupFields, 7);
+    CReportTable table(sheet, kGroupFields, 6);
     table.Headings();
-    table.Begin(rows.GetSize());
+    table.Begin(view.Groups().GetSize());
     table.SetNumberFormat(kCount, "0");
-    for (int i = 0; i < rows.GetSize(); ++i) {
-        if (rows[i].group == kNone)
-            table.Text(kRanges, rows[i].ranges);
-        else
-            FillGroup(table, view, view.Groups()[rows[i].group], rows[i].ranges);
+    for (int i = 0; i < view.Groups().GetSize(); ++i) {
+        FillGroup(table, view, view.Groups()[i]);
         table.NextRow();
     }
     table.End();
@@ -250,5 +261,6 @@ void WriteSummarySheet(CReportBook& book, const CModelView& view)
     WriteMeasures(sheet, view);
     WriteBounds(sheet, view);
     WriteGroups(sheet, view);
+    WriteTypes(sheet, view);
     WriteRemarks(sheet, view);
 }
