@@ -143,7 +143,8 @@ TEST(NumberFormat, ShowsTheDigitsThatMatter)
         {1234567, 1234567, "0"},
         {1e7, 1e7, "0.000000E+00"},
         {0.002, 0.002, "0.000000000"},
-        {1e-9, 1, "0.000000E+00"},
+        {1e-8, 1, "0.000000E+00"},
+        {1e-10, 1, "0.000000"},
         {0.01, 10, "0.00000"},
     };
     for (const Row& row : rows) {
@@ -158,14 +159,20 @@ TEST(NumberFormat, ShowsTheDigitsThatMatter)
 
 TEST(TextLines, BreakAtBlanks)
 {
+    // Of the width 2 is margin.
     struct Row {
         const char* text;
-        int width;
+        double width;
         int lines;
     };
     const Row rows[] = {
-        {"", 5, 1},       {"abcde", 5, 1},   {"abc de", 5, 2},   {"ab cd ef", 5, 2},
-        {"abcdef", 5, 2}, {"a b c d", 1, 4}, {"abcdef a", 3, 3},
+        {"", 8, 1},          {"01234", 7.2, 1},
+        {"012345", 7.2, 2}, // one word that is too long
+        {"012 45", 7.2, 2},  {"01 34 67", 7.2, 2},
+        {"01234 ", 7.2, 1},                        // a blank at the end of a line takes no room
+        {"0 1 2 3", 4, 4}, {"tttttttt", 7.2, 1}, // narrow letters
+        {"WWW", 7.2, 2},                           // wide ones
+        {"0", 1, 1},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text);
@@ -175,19 +182,20 @@ TEST(TextLines, BreakAtBlanks)
 
 TEST(TextLines, PiecesMakeUpTheTextAndFitARow)
 {
+    constexpr double kWidth = 12;
     CString text;
     for (int i = 0; i < 200; ++i)
         text.AppendFormat(i == 0 ? "%d" : " %d", i * i);
     CStringArray pieces;
-    SplitForRows(text, 12, pieces);
+    SplitForRows(text, kWidth, pieces);
     ASSERT_GT(pieces.GetSize(), 1);
     CString joined = pieces[0];
     for (int i = 0; i < pieces.GetSize(); ++i) {
-        EXPECT_LE(LinesOf(pieces[i], 12), 31);
-        EXPECT_LE(HeightOfLines(LinesOf(pieces[i], 12)), 409);
+        EXPECT_LE(LinesOf(pieces[i], kWidth), 31);
+        EXPECT_LE(HeightOfLines(LinesOf(pieces[i], kWidth)), 409);
         joined += i == 0 ? "" : " " + pieces[i];
     }
     EXPECT_STREQ(joined, text);
-    SplitForRows("", 12, pieces);
+    SplitForRows("", kWidth, pieces);
     EXPECT_EQ(pieces.GetSize(), 1);
 }

@@ -9,7 +9,7 @@ class Run:
 
     def __init__(self, program, *arguments, cwd=None, env=None):
         with tempfile.TemporaryDirectory(prefix="zek-home-") as home:
-            environment = dict(os.environ, ZEK_HOME=home, **(env or {}))
+            environment = {**os.environ, "ZEK_HOME": home, **(env or {})}
             done = subprocess.run([program, *arguments], capture_output=True, cwd=cwd, env=environment,
                                   timeout=250, check=False)
         self.code = done.returncode
