@@ -104,6 +104,11 @@ void AppendFolded(std::string& folded, UINT page, std::string_view character)
         folded += character;
 }
 
+bool IsAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 template <class Visitor>
 void ForEachCharacter(std::string_view text, Visitor&& visit)
 {
@@ -150,6 +155,11 @@ std::string FoldName(std::string_view name)
 {
     std::string folded;
     folded.reserve(name.size());
+    if (IsAscii(name)) {
+        for (const char c : name)
+            folded += UpperAscii(c);
+        return folded;
+    }
     ForEachCharacter(name, [&](UINT page, std::string_view c) { AppendFolded(folded, page, c); });
     return folded;
 }
