@@ -1,4 +1,5 @@
 // The store that processes share: its files, its limits, who sees what when, and what survives a death.
+#include "Generation.h"
 #include "Process.h"
 #include "Scratch.h"
 #include "TestKey.h"
@@ -6,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <sys/prctl.h>
 #include <sys/stat.h>
@@ -345,6 +347,20 @@ TEST(Store, AForkedChildHasAConnectionOfItsOwn)
               0);
     EXPECT_EQ(GetText(test.Key(), "child"), "c");
     EXPECT_EQ(SetText(test.Key(), "parent", "still"), ERROR_SUCCESS);
+}
+
+// What the parent remembered is of no use to a child: here it is old, and a write under way hides that.
+TEST(Store, AForkedChildRemembersNothing)
+{
+    const TestKey test("memory");
+    ASSERT_EQ(SetText(test.Key(), "v", "old"), ERROR_SUCCESS);
+    ASSERT_EQ(GetText(test.Key(), "v"), "old");
+    ASSERT_EQ(RunInChild("", [&] { return SetText(test.Key(), "v", "new") == ERROR_SUCCESS ? 0 : 1; }), 0);
+    Generation other;
+    ASSERT_TRUE(other.Open(std::string(std::getenv("ZEK_HOME")) + "/registry.gen", false));
+    ASSERT_TRUE(other.BeginWrite());
+    EXPECT_EQ(RunInChild("", [&] { return GetText(test.Key(), "v") == "new" ? 0 : 1; }), 0);
+    other.EndWrite();
 }
 
 } // namespace

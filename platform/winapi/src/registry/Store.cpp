@@ -43,6 +43,7 @@ struct ForkHandlers {
         Store& store = Store::Instance();
         store.m_database.Abandon();
         store.m_generation.Close();
+        store.m_kept.clear();
         store.m_keptAt = Generation::kUnsettled;
         store.m_lock.unlock();
     }
