@@ -6,9 +6,12 @@
 #include <zekhooks.h>
 #include <zekpath.h>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -176,11 +179,10 @@ TEST(AdapterBoxes, WithoutAHookTheDefaultButtonAnswers)
     }
 }
 
-// What a program in another environment takes the locale to be.
-std::string InLocale(const std::string& assignment)
+// What a shell prints when it runs the second process.
+std::string Output(const std::string& before, const std::string& task)
 {
-    const std::string command = "env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LANG " + assignment + " '" +
-                                ProgramFolder() + "/winapi_locale'";
+    const std::string command = before + " '" + ProgramFolder() + "/winapi_child' " + task;
     std::string answer(64, 0);
     FILE* pipe = popen(command.c_str(), "r");
     answer.resize(std::fread(answer.data(), 1, answer.size(), pipe));
@@ -206,7 +208,9 @@ TEST(AdapterLocale, CodePageAndLanguageComeFromTheEnvironment)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.assignment);
-        EXPECT_EQ(InLocale(row.assignment), row.answer);
+        EXPECT_EQ(Output(std::string("env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LANG ") + row.assignment,
+                         "locale"),
+                  row.answer);
     }
 }
 
@@ -233,6 +237,69 @@ TEST(AdapterModules, TheCurrentFolderIsNotSearched)
     const HMODULE meant = LoadLibraryA(folder.Path("planted.dll").c_str());
     EXPECT_NE(meant, nullptr) << "a whole path is what the host means";
     FreeLibrary(meant);
+}
+
+// The loader's own search would take an empty element for the current folder.
+TEST(AdapterModules, AnEmptyElementOfTheSearchPathIsNoFolder)
+{
+    const ScratchFolder folder;
+    const std::string probe = ProgramFolder() + "/libwinapi_probe.so";
+    ASSERT_TRUE(CopyFileA(probe.c_str(), folder.Path("libplanted.so").c_str(), TRUE));
+    const struct {
+        std::string searchPath;
+        const char* answer;
+    } rows[] = {
+        {":", "refused\n"}, {".", "refused\n"}, {":/nowhere", "refused\n"}, {folder.Path(), "loaded\n"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.searchPath);
+        EXPECT_EQ(Output("cd '" + folder.Path() + "' && LD_LIBRARY_PATH='" + row.searchPath + "'",
+                         "load planted.DLL"),
+                  row.answer);
+    }
+}
+
+TEST(AdapterProfile, WritersOfTwoProcessesLoseNothing)
+{
+    const ScratchFolder folder;
+    const std::string file = folder.Path("shared.ini"), child = "'" + ProgramFolder() + "/winapi_child'";
+    const std::string command = child + " keys " + file + " a & " + child + " keys " + file + " b & wait";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    std::string keys(4096, 0);
+    keys.resize(GetPrivateProfileStringA("keys", nullptr, "", keys.data(), 4096, file.c_str()));
+    EXPECT_EQ(std::count(keys.begin(), keys.end(), '\0'), 100);
+}
+
+TEST(AdapterFiles, AFullDiskIsToldAsSuch)
+{
+    const HANDLE file =
+        CreateFileA("/dev/full", GENERIC_WRITE, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    DWORD done = 9;
+    EXPECT_FALSE(WriteFile(file, "x", 1, &done, nullptr));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DISK_FULL));
+    EXPECT_EQ(done, 0u);
+    CloseHandle(file);
+}
+
+// A write that hits the size limit after a part tells how much arrived.
+TEST(AdapterFiles, AWriteCutShortTellsHowMuchArrived)
+{
+    const ScratchFolder folder;
+    rlimit before;
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{1000, before.rlim_max};
+    const HANDLE file =
+        CreateFileA(folder.Path("f").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string text(1500, 'x');
+    DWORD done = 0;
+    EXPECT_FALSE(WriteFile(file, text.data(), 1500, &done, nullptr));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DISK_FULL));
+    EXPECT_EQ(done, 1000u);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, ignored);
+    CloseHandle(file);
 }
 
 } // namespace
