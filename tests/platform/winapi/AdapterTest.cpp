@@ -15,7 +15,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
+#include <iterator>
+#include <random>
 #include <string>
 
 namespace {
@@ -54,6 +55,25 @@ TEST(AdapterPaths, DrivesAndUnixPaths)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.path);
         EXPECT_EQ(ZekNativePath(row.path), row.native);
+    }
+}
+
+// Whatever follows the drive, the answer lies in its folder, is the null device, or is a refusal.
+TEST(AdapterPaths, NoPathLeavesTheDriveOfTheHome)
+{
+    const std::string c = Home() + "/drive_c";
+    static constexpr const char* kPieces[] = {
+        "..", ".", "...", "\\",       "/",    "//", "a",       "A.txt", "nul", "con",     ":",
+        "*",  " ", ". ",  "\xc3\xa4", "\xff", "~",  "windows", "C:",    "Z:",  "\\\\?\\", "etc"};
+    std::mt19937 random(20261121);
+    for (int i = 0; i < 20'000; ++i) {
+        std::string path = random() % 8 ? "C:\\" : "\\\\?\\C:\\";
+        for (auto pieces = random() % 12; pieces > 0; --pieces)
+            path += std::string(kPieces[random() % std::size(kPieces)]) + (random() % 2 ? "\\" : "");
+        const std::string native = ZekNativePath(path.c_str());
+        const bool inside = native == c || native.starts_with(c + "/");
+        ASSERT_TRUE(inside || native.empty() || native == "/dev/null") << path << " -> " << native;
+        ASSERT_EQ((native + "/").find("/../"), std::string::npos) << path << " -> " << native;
     }
 }
 
