@@ -38,6 +38,7 @@ TEST(ModelView, MeasuresByCorners)
         {"S6", "1,2,3,9,9,9", kArea, 3},
         {"S4R", "1,2,3,4", kArea, 6},
         {"CPS8", "1,2,3,4,9,9,9,9", kArea, 6},
+        {"S4", "1,2,3,8", kArea, 3 + std::sqrt(61.)}, // warped: 1-2-3 and 1-3-8
         {"M3D4", "1,2,6,5", kArea, 8},
         {"B31", "1,7", kLength, std::sqrt(29.)},
         {"B32", "1,9,2", kLength, 2},
