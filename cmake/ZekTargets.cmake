@@ -25,7 +25,8 @@ endif()
 
 set(ZEK_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 if(ZEK_SANITIZE)
-  target_compile_options(zek_developer_flags INTERFACE
+  # Instrumented code makes GCC warn falsely of values that may be uninitialised.
+  target_compile_options(zek_developer_flags INTERFACE -Wno-maybe-uninitialized
     -fsanitize=${ZEK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_definitions(zek_developer_flags INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(zek_developer_flags INTERFACE -fsanitize=${ZEK_SANITIZE})
