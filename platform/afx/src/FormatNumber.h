@@ -24,6 +24,6 @@ void AfxWriteInteger(std::string& out, const CFormatSpec& spec, LONGLONG value, 
 // Adds a floating-point number (conversions a, e, f, g in either case).
 void AfxWriteReal(std::string& out, const CFormatSpec& spec, double value);
 
-// Adds `sign`, `base` ("0x") and `body` in the width of the spec; zeros go before the body.
+// Adds `sign`, `base` ("0x") and `body` in the width of the conversion; zeros go before the body.
 void AfxWritePadded(std::string& out, const CFormatSpec& spec, std::string_view sign, std::string_view base,
                     std::string_view body, bool zeros);
