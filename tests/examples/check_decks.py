@@ -3,7 +3,7 @@
 
 usage: check_decks.py MODELREPORT FOLDER [NAME...]
 
-FOLDER holds *.inp and *.inp.gz; NAME picks some of them. Exit code 77: the folder is not there (the package
+FOLDER holds *.inp and *.inp.gz (the variable ZEK_MODELS names another one); NAME picks some of them. Exit code 77: the folder is not there (the package
 with the decks is not installed), which CTest reports as skipped.
 """
 import gzip
@@ -126,6 +126,7 @@ def check(program, deck, folder):
 
 
 def main(program, folder, *names):
+    folder = os.environ.get("ZEK_MODELS", folder)
     if not os.path.isdir(folder):
         print(f"no decks: {folder} is not there")
         return 77
