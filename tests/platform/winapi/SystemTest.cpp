@@ -239,12 +239,14 @@ TEST(WinapiTime, CountersRunForward)
 {
     LARGE_INTEGER perSecond, before, after;
     ASSERT_TRUE(QueryPerformanceFrequency(&perSecond));
+    EXPECT_GE(perSecond.QuadPart, 1'000'000) << "finer than a microsecond";
     ASSERT_TRUE(QueryPerformanceCounter(&before));
     const DWORD start = GetTickCount();
-    Sleep(20);
+    while (GetTickCount() == start) // its steps are as long as the system likes
+        Sleep(1);
+    EXPECT_LT(GetTickCount() - start, 60'000u) << "forward, not back";
     ASSERT_TRUE(QueryPerformanceCounter(&after));
-    EXPECT_GE((after.QuadPart - before.QuadPart) * 1000 / perSecond.QuadPart, 18);
-    EXPECT_GE(GetTickCount() - start, 10u);
+    EXPECT_GT(after.QuadPart, before.QuadPart);
 }
 
 class WinapiProfile : public testing::Test
