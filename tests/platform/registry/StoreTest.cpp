@@ -15,6 +15,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include <linux/filter.h>
 #include <linux/seccomp.h>
 
 namespace {
@@ -309,8 +310,21 @@ TEST(Store, WhatWasWrittenSurvivesTheWritersDeath)
     }
 }
 
-// A value that was read is read again without asking the system for anything: under the strict filter any
-// call but read, write and exit ends the process.
+// From here on the process ends with the first call that looks into a file.
+bool ForbidFiles()
+{
+    std::vector<sock_filter> program = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+    for (const auto call : {SYS_read, SYS_pread64, SYS_openat, SYS_open, SYS_lseek, SYS_fstat, SYS_stat,
+                            SYS_newfstatat, SYS_access, SYS_fcntl, SYS_flock}) {
+        program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<std::uint32_t>(call), 0, 1));
+        program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS));
+    }
+    program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+    const sock_fprog filter = {static_cast<unsigned short>(program.size()), program.data()};
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+}
+
 TEST(Store, ReadingAgainAsksNobody)
 {
     const TestKey test("again");
@@ -324,13 +338,12 @@ TEST(Store, ReadingAgainAsksNobody)
                                                          reinterpret_cast<BYTE*>(text), &size);
                              };
                              readOnce();
-                             if (prctl(PR_SET_SECCOMP, SECCOMP_MODE_STRICT) != 0)
+                             if (!ForbidFiles())
                                  return 1;
                              LONG result = ERROR_SUCCESS;
                              for (int i = 0; i < 1000 && result == ERROR_SUCCESS; ++i)
                                  result = readOnce();
-                             syscall(SYS_exit, result == ERROR_SUCCESS ? 0 : 2);
-                             return 3;
+                             return result == ERROR_SUCCESS ? 0 : 2;
                          }),
               0);
 }

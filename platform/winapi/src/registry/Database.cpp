@@ -120,22 +120,31 @@ LONG Database::OpenReadOnly(const std::string& path)
     return ERROR_ACCESS_DENIED;
 }
 
-// Several processes may come first at once: who gets the lock second finds the version set.
-LONG Database::CreateSchema()
+int Database::SchemaVersion()
 {
-    LONG result = Execute(m_db, "BEGIN IMMEDIATE");
-    if (result != ERROR_SUCCESS)
-        return result;
     int version = 0;
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(m_db, "PRAGMA user_version", -1, &statement, nullptr) == SQLITE_OK &&
         sqlite3_step(statement) == SQLITE_ROW)
         version = sqlite3_column_int(statement, 0);
     sqlite3_finalize(statement);
-    if (version == 0)
+    return version;
+}
+
+// Asked without a lock first: opening does not wait for writers. Where several processes come first at once,
+// whoever gets the lock second finds the version set.
+LONG Database::CreateSchema()
+{
+    if (SchemaVersion() != 0)
+        return ERROR_SUCCESS;
+    LONG result = Execute(m_db, "BEGIN IMMEDIATE");
+    if (result != ERROR_SUCCESS)
+        return result;
+    if (SchemaVersion() == 0) {
         result = Execute(m_db, kCreateSchema);
-    if (version == 0 && result == ERROR_SUCCESS)
-        result = Execute(m_db, ("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
+        if (result == ERROR_SUCCESS)
+            result = Execute(m_db, ("PRAGMA user_version = " + std::to_string(kSchemaVersion)).c_str());
+    }
     const LONG ended = Execute(m_db, result == ERROR_SUCCESS ? "COMMIT" : "ROLLBACK");
     return result == ERROR_SUCCESS ? ended : result;
 }

@@ -65,6 +65,7 @@ private:
     LONG Connect(const std::string& path, int flags);
     LONG OpenReadOnly(const std::string& path);
     LONG Prepare();
+    int SchemaVersion();
     LONG CreateSchema();
     sqlite3_stmt* Prepared(Query query);
 

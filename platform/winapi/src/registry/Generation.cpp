@@ -3,6 +3,7 @@
 #include "PrivateFile.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -22,6 +23,18 @@ bool Lock(int file, int how)
     int result;
     do
         result = flock(file, how);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+bool LockRange(int file, short how)
+{
+    struct flock range = {};
+    range.l_type = how;
+    range.l_whence = SEEK_SET;
+    int result;
+    do
+        result = fcntl(file, F_OFD_SETLKW, &range);
     while (result != 0 && errno == EINTR);
     return result == 0;
 }
@@ -76,6 +89,17 @@ void Generation::Settle()
 {
     if (IsOdd(m_counter->load(std::memory_order_relaxed)))
         m_counter->fetch_add(1, std::memory_order_acq_rel);
+}
+
+// Another kind of lock than flock(), so that the two do not meet; it too belongs to the open file.
+bool Generation::BeginOpening()
+{
+    return m_counter && LockRange(m_file, F_WRLCK);
+}
+
+void Generation::EndOpening()
+{
+    LockRange(m_file, F_UNLCK);
 }
 
 bool Generation::BeginWrite()

@@ -32,6 +32,11 @@ public:
     // The counter when no write is under way, else kUnsettled.
     std::uint64_t Current();
 
+    // Waits for another lock, under which one process at a time makes the database ready. A write under way
+    // does not hold it. False when it cannot be had.
+    bool BeginOpening();
+    void EndOpening();
+
     // Waits for the lock and marks a write as begun; false when the lock cannot be had.
     bool BeginWrite();
     void EndWrite();

@@ -67,9 +67,14 @@ LONG Store::Connect()
     const std::string home = ResolvedHome();
     if (home.empty())
         return ERROR_ACCESS_DENIED;
+    // One at a time: SQLite does not wait for others while it changes a fresh file's journal mode.
+    const std::string generation = home + "/registry.gen";
+    const bool locked = m_generation.Open(generation, false) && m_generation.BeginOpening();
     const LONG result = m_database.Open(home + "/registry.db");
-    if (result == ERROR_SUCCESS)
-        m_generation.Open(home + "/registry.gen", m_database.IsReadOnly());
+    if (locked)
+        m_generation.EndOpening();
+    else if (m_database.IsReadOnly())
+        m_generation.Open(generation, true);
     return result;
 }
 
