@@ -1,8 +1,8 @@
 #include "QSort.h"
 
 #include <afxconv_.h>
+#include <afxsort_.h>
 
-#include <cstdlib>
 #include <mbstring.h>
 #include <vector>
 
@@ -17,8 +17,7 @@ using Comparison = int (*)(const void*, const void*);
 template <class T>
 void Sort(T* elements, std::size_t n, Comparison compare)
 {
-    if (n > 1)
-        std::qsort(elements, n, sizeof(T), compare);
+    AfxQSort(elements, n, sizeof(T), compare);
 }
 
 // Sorts `values` through records of {index, value}.

@@ -4,8 +4,9 @@
 //   CString names[] = {"A10", "A2", "A"};
 //   CQSort::QSortStringNumWithIndex(order, names, 3);     // A A2 A10, order 2 1 0
 //
-// Every sort is the run-time library's qsort with a comparison of CCompFunc or of this class: in place, and
-// equal elements may end in any order.
+// Every sort is the run-time library's qsort with a comparison of CCompFunc or of this class, in the same form
+// on every platform: where such a comparison is no order (a wrapped difference, a tolerance), the result is
+// the same everywhere too. Do not rely on the order of equal elements.
 //
 // Errors:  none; when memory runs out, an exception leaves the caller's arrays as they were.
 // Threads: all functions may be called from any thread.

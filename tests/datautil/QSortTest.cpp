@@ -63,6 +63,13 @@ TEST(QSort, WrappedOrdersAreKept)
     unsigned numbers[] = {1, 0x90000001U, 2};
     CQSort::QSortUInt(numbers, 3);
     EXPECT_THAT(numbers, ElementsAre(0x90000001U, 1U, 2U));
+    // 2^31 apart: the difference is negative both ways, so each order stays.
+    unsigned halves[] = {0x80000001U, 1};
+    CQSort::QSortUInt(halves, 2);
+    EXPECT_THAT(halves, ElementsAre(0x80000001U, 1U));
+    unsigned otherHalves[] = {1, 0x80000001U};
+    CQSort::QSortUInt(otherHalves, 2);
+    EXPECT_THAT(otherHalves, ElementsAre(1U, 0x80000001U));
     LONGLONG wide[] = {0x100000005LL, 0x900000003LL, 4LL};
     CQSort::QSortInt64(wide, 3);
     EXPECT_THAT(wide, ElementsAre(0x900000003LL, 4LL, 0x100000005LL));
