@@ -3,8 +3,8 @@
 
 usage: check_decks.py MODELREPORT FOLDER [NAME...]
 
-FOLDER holds *.inp and *.inp.gz (the variable ZEK_MODELS names another one); NAME picks some of them. Exit code 77: the folder is not there (the package
-with the decks is not installed), which CTest reports as skipped.
+FOLDER holds *.inp and *.inp.gz (the variable ZEK_MODELS names another one); NAME picks some of them. Exit
+code 77: the folder is not there (the package with the decks is not installed), which CTest reports as skipped.
 """
 import gzip
 import math
