@@ -8,6 +8,13 @@ export WINEPREFIX="$state/prefix" WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 unset DISPLAY
 
+server() {
+    /usr/lib/wine/wineserver64 "$@" >/dev/null 2>&1 </dev/null || wineserver "$@" >/dev/null 2>&1 </dev/null
+}
+wine() {
+    /usr/lib/wine/wine64 "$@" >/dev/null 2>&1 </dev/null
+}
+
 if [ ! -s "$state/xvfb.pid" ] || ! kill -0 "$(cat "$state/xvfb.pid")" 2>/dev/null; then
     rm -f "$state/display"
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
@@ -22,13 +29,22 @@ DISPLAY=:$(cat "$state/display")
 export DISPLAY
 
 if [ ! -s "$WINEPREFIX/system.reg" ]; then
-    /usr/lib/wine/wine64 wineboot -i >/dev/null 2>&1 </dev/null
+    wine wineboot -i
     # Files that are the system's own, unchanged, need no second copy: 695 MB become 81.
     find "$WINEPREFIX/drive_c/windows" -type f | while read -r file; do
         original=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows/$(basename "$file")
         if cmp -s "$file" "$original"; then ln -sf "$original" "$file"; fi
     done
+    # The services of the making end by themselves; what starts before they have would go with them.
+    server -w || true
 fi
-/usr/lib/wine/wineserver64 -p300 >/dev/null 2>&1 </dev/null || wineserver -p300 >/dev/null 2>&1 </dev/null || true
+server -p300 || true
 # Without a window manager every window that closes would cost two seconds.
-/usr/lib/wine/wine64 reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 </dev/null
+wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+# The service behind OLE's table of running objects starts on demand; on a busy machine its first start can time
+# out, and the first test to need it would fail. `net start` fails, too, when the service runs already.
+for _ in 1 2 3 4 5; do
+    wine net start RpcSs || true
+    /usr/lib/wine/wine64 net start >"$state/services" 2>/dev/null </dev/null || true
+    grep -q 'Remote Procedure Call' "$state/services" && break
+done
