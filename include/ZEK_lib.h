@@ -4,11 +4,14 @@
 #include <afx.h>
 
 #include "CompFunc.h"
+#include "FileCtrl.h"
 #include "MSExcel.h"
 #include "MathFunc.h"
 #include "MsgDll.h"
 #include "NumericOptimizer.h"
 #include "ProductInfo.h"
 #include "QSort.h"
+#include "RandomColor.h"
 #include "Registry.h"
+#include "StringTokenizer.h"
 #include "TextFile.h"
