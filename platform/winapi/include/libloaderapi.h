@@ -1,4 +1,4 @@
-// Modules: shared objects found, loaded and asked for their functions.
+// Modules: shared objects found, loaded and asked for their functions and resources.
 //
 // Search: `NAME.DLL` is looked for as `NAME.DLL`, `libNAME.so` and `NAME.so`, in any case, beside the
 // executable, beside this library, then on the system's library path; never in the current folder, nor
@@ -42,3 +42,32 @@ WINBASEAPI DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD s
 
 // A function that the module itself exports, not one of the modules it uses. Differs: no ordinals.
 WINBASEAPI FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
+
+// Resources: what zek_add_resources() compiled into a program, a library or a module. Kinds and names are
+// numbers below 65536 made by MAKEINTRESOURCE, texts of digits behind a '#', or names in any case. A null
+// module is the program.
+#define MAKEINTRESOURCEA(number) reinterpret_cast<LPSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(number)))
+#define MAKEINTRESOURCE MAKEINTRESOURCEA
+#define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
+#define RT_MENU MAKEINTRESOURCEA(4)
+#define RT_DIALOG MAKEINTRESOURCEA(5)
+#define RT_STRING MAKEINTRESOURCEA(6)
+#define RT_ACCELERATOR MAKEINTRESOURCEA(9)
+#define RT_RCDATA MAKEINTRESOURCEA(10)
+#define RT_VERSION MAKEINTRESOURCEA(16)
+#define RT_MANIFEST MAKEINTRESOURCEA(24)
+
+// Null with ERROR_RESOURCE_DATA_NOT_FOUND (the module has none), ERROR_RESOURCE_TYPE_NOT_FOUND,
+// ERROR_RESOURCE_NAME_NOT_FOUND or ERROR_RESOURCE_LANG_NOT_FOUND. Of several languages the user interface's
+// is taken, then its relatives, then the neutral, then English, then the first.
+WINBASEAPI HRSRC WINAPI FindResourceA(HMODULE module, LPCSTR name, LPCSTR type);
+#define FindResource FindResourceA
+// `language` alone; neutral (0): as FindResourceA.
+WINBASEAPI HRSRC WINAPI FindResourceExA(HMODULE module, LPCSTR type, LPCSTR name, WORD language);
+#define FindResourceEx FindResourceExA
+// The bytes of a resource. They live as long as the module; nothing needs to be freed.
+WINBASEAPI HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
+WINBASEAPI LPVOID WINAPI LockResource(HGLOBAL data);
+WINBASEAPI DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
+// Does nothing and answers FALSE, as it should.
+WINBASEAPI BOOL WINAPI FreeResource(HGLOBAL data);

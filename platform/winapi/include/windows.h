@@ -1,6 +1,10 @@
 // The used subset of Win32, under the names of its own headers.
 #pragma once
 
+// A resource compiler takes the numbers alone.
+#ifdef RC_INVOKED
+#include "winresrc.h"
+#else
 #include "windef.h"
 #include "crtnames_.h"
 #include "winerror.h"
@@ -8,3 +12,4 @@
 #include "winnls.h"
 #include "winreg.h"
 #include "winuser.h"
+#endif

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "windef.h"
+#include "winresrc.h"
 
 #define CP_ACP 0
 #define CP_OEMCP 1
@@ -26,14 +27,6 @@
 #define WC_ERR_INVALID_CHARS 0x0080u
 #define WC_NO_BEST_FIT_CHARS 0x0400u
 
-#define LANG_NEUTRAL 0x00
-#define LANG_CHINESE 0x04
-#define LANG_ENGLISH 0x09
-#define LANG_JAPANESE 0x11
-#define LANG_KOREAN 0x12
-#define SUBLANG_NEUTRAL 0x00
-#define SUBLANG_DEFAULT 0x01
-#define SUBLANG_SYS_DEFAULT 0x02
 #define SORT_DEFAULT 0x0
 #define MAKELANGID(primary, sub)                                                                             \
     (static_cast<WORD>((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary)))

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "windef.h"
+#include "windlg_.h"
+#include "winresrc.h"
 
 #include <cstdarg>
 
@@ -34,18 +36,6 @@
 #define MB_TYPEMASK 0x0000000fu
 #define MB_ICONMASK 0x000000f0u
 #define MB_DEFMASK 0x00000f00u
-
-#define IDOK 1
-#define IDCANCEL 2
-#define IDABORT 3
-#define IDRETRY 4
-#define IDIGNORE 5
-#define IDYES 6
-#define IDNO 7
-#define IDCLOSE 8
-#define IDHELP 9
-#define IDTRYAGAIN 10
-#define IDCONTINUE 11
 
 // The button that was chosen; 0 with ERROR_INVALID_MSGBOX_STYLE for an unknown button set. A null caption
 // is "Error".
