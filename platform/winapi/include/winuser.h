@@ -2,8 +2,10 @@
 #pragma once
 
 #include "windef.h"
+#include "winctl_.h"
 #include "windlg_.h"
 #include "winresrc.h"
+#include "winwnd_.h"
 
 #include <cstdarg>
 

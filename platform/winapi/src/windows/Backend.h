@@ -3,7 +3,8 @@
 // The adapter keeps handles, hierarchy, styles, texts, rectangles, queues and timers; the module keeps a
 // widget (a peer) for each window, draws it, and tells what the user does with it. Rectangles are client
 // areas in pixels: in the parent's client coordinates for a child, in screen coordinates otherwise. Frames
-// and captions are the adapter's arithmetic, whatever a window manager draws round them.
+// and captions are the adapter's arithmetic, whatever a window manager draws round them. A control draws its
+// own border: its rectangle is the whole one, border included.
 //
 // Errors: nothing here throws. Threads: the thread that makes the backend is the user-interface thread; it
 // alone may call the members, but for those that say otherwise.
