@@ -45,14 +45,37 @@ struct AFX_CORE_CLASS CRuntimeClass {
     LPCSTR m_lpszClassName;
     int m_nObjectSize;
     UINT m_wSchema;
-    CObject* (*m_pfnCreateObject)(); // null for a class that is not DYNCREATE
-    CRuntimeClass* m_pBaseClass;     // null for CObject
+    CObject* (*m_pfnCreateObject)();       // null for a class that is not DYNCREATE
+    CRuntimeClass* m_pBaseClass;           // null for CObject
+    CRuntimeClass* m_pNextClass = nullptr; // in the list of classes known by name
+    const void* m_pModule = nullptr;       // the mark of the module that holds the class
 
     // A new object on the heap, owned by the caller; null when the class cannot be made by name.
     CObject* CreateObject() const;
+    static CObject* CreateObject(LPCSTR className);
+
+    // The class of that name (case matters), of the program and plain libraries first, then of the extension
+    // libraries that a CDynLinkLibrary stands for, the newest first; null when there is none. Threads: any.
+    static CRuntimeClass* FromName(LPCSTR className);
 
     // Whether this class is `baseClass` or derives from it.
     BOOL IsDerivedFrom(const CRuntimeClass* baseClass) const;
+};
+
+// Marks the module (program or library) that a source is linked into: each has its own.
+inline AFX_LOCAL_ char afxThisModule = 0;
+
+// Makes a class known by its name for as long as the object lives.
+class AFX_CORE_CLASS AFX_CLASSINIT
+{
+public:
+    explicit AFX_CLASSINIT(CRuntimeClass* runtimeClass, const void* module = &afxThisModule);
+    ~AFX_CLASSINIT();
+    AFX_CLASSINIT(const AFX_CLASSINIT&) = delete;
+    AFX_CLASSINIT& operator=(const AFX_CLASSINIT&) = delete;
+
+private:
+    CRuntimeClass* m_class;
 };
 
 #define RUNTIME_CLASS(class_name) (&class_name::class##class_name)
@@ -69,6 +92,7 @@ public:                                                                         
 #define AFX_IMPLEMENT_RUNTIMECLASS_(class_name, base_class_name, create)                                     \
     CRuntimeClass class_name::class##class_name = {#class_name, static_cast<int>(sizeof(class_name)),        \
                                                    0xFFFF, create, RUNTIME_CLASS(base_class_name)};          \
+    static const AFX_CLASSINIT afxClassInit##class_name(RUNTIME_CLASS(class_name));                          \
     CRuntimeClass* class_name::GetRuntimeClass() const                                                       \
     {                                                                                                        \
         return RUNTIME_CLASS(class_name);                                                                    \

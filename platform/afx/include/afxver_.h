@@ -8,9 +8,11 @@
 #ifdef _WIN32
 #define AFX_EXPORT_ __declspec(dllexport)
 #define AFX_IMPORT_ __declspec(dllimport)
+#define AFX_LOCAL_ // what is not exported stays inside its module
 #else
 #define AFX_EXPORT_ __attribute__((visibility("default")))
 #define AFX_IMPORT_ __attribute__((visibility("default")))
+#define AFX_LOCAL_ __attribute__((visibility("hidden")))
 #endif
 
 #ifdef ZEK_LIB_BUILD

@@ -85,9 +85,10 @@ AFX_CORE_API CWinApp* AFXAPI AfxGetApp();
 AFX_CORE_API CWinThread* AFXAPI AfxGetThread(); // the application; null without one
 AFX_CORE_API CWnd* AFXAPI AfxGetMainWnd();      // null while there are no windows
 AFX_CORE_API LPCSTR AFXAPI AfxGetAppName();     // the program's name when there is no application object
-AFX_CORE_API HINSTANCE AFXAPI AfxGetInstanceHandle();
 
 // Shows a message box and waits for the answer: the button's identifier. A style without an icon gets the
 // exclamation mark when its buttons are OK, OK/Cancel, Yes/No or Yes/No/Cancel. Works without an application
 // object; the caption is then the program's name.
 AFX_CORE_API int AFXAPI AfxMessageBox(LPCSTR text, UINT style = MB_OK, UINT helpId = 0);
+
+#include "afxdll_.h"

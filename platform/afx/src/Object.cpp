@@ -25,19 +25,6 @@ void CObject::AssertValid() const
 {
 }
 
-CObject* CRuntimeClass::CreateObject() const
-{
-    return m_pfnCreateObject ? m_pfnCreateObject() : nullptr;
-}
-
-BOOL CRuntimeClass::IsDerivedFrom(const CRuntimeClass* baseClass) const
-{
-    const CRuntimeClass* type = this;
-    while (type && type != baseClass)
-        type = type->m_pBaseClass;
-    return type != nullptr;
-}
-
 CObject* AFXAPI AfxDynamicDownCast(CRuntimeClass* runtimeClass, CObject* object)
 {
     return object && object->IsKindOf(runtimeClass) ? object : nullptr;

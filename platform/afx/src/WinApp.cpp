@@ -137,11 +137,6 @@ LPCSTR AFXAPI AfxGetAppName()
     return app ? app->m_pszAppName : program.GetString();
 }
 
-HINSTANCE AFXAPI AfxGetInstanceHandle()
-{
-    return ::GetModuleHandleA(nullptr);
-}
-
 int AFXAPI AfxMessageBox(LPCSTR text, UINT style, UINT helpId)
 {
     CWinApp* app = AfxGetApp();

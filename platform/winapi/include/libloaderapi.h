@@ -11,6 +11,10 @@
 
 #include "windef.h"
 
+// Why a library's DllMain is called; zekmodule.h.
+#define DLL_PROCESS_DETACH 0u
+#define DLL_PROCESS_ATTACH 1u
+
 #define DONT_RESOLVE_DLL_REFERENCES 0x0001u
 #define LOAD_LIBRARY_AS_DATAFILE 0x0002u
 #define LOAD_WITH_ALTERED_SEARCH_PATH 0x0008u

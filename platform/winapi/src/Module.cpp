@@ -1,5 +1,6 @@
 #include "CodePage.h"
 #include "Error.h"
+#include "ModuleLoad.h"
 #include "ModuleSearch.h"
 
 #include <winbase.h>
@@ -101,9 +102,12 @@ HMODULE Load(const std::string& path)
 {
     Modules& modules = Loaded();
     const std::lock_guard lock(modules.mutex);
+    const ModuleLoad load;
     void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!handle)
-        return nullptr;
+    if (!handle) // what the file itself needs may be missing
+        return SetLastError(ERROR_MOD_NOT_FOUND), nullptr;
+    if (load.Refused())
+        return dlclose(handle), SetLastError(ERROR_DLL_INIT_FAILED), nullptr;
     link_map* map = nullptr;
     dlinfo(handle, RTLD_DI_LINKMAP, &map);
     ++modules.counts[FromMap(map)];
@@ -120,8 +124,6 @@ HMODULE LoadFirst(const std::vector<std::string>& paths)
         }
         if (const HMODULE module = Load(path))
             return module;
-        // What the file itself needs may be missing.
-        SetLastError(ERROR_MOD_NOT_FOUND);
     }
     return nullptr;
 }
