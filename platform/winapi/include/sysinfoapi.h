@@ -29,3 +29,26 @@ WINBASEAPI BOOL WINAPI QueryPerformanceFrequency(LARGE_INTEGER* perSecond);
 WINBASEAPI DWORD WINAPI GetTickCount();
 WINBASEAPI ULONGLONG WINAPI GetTickCount64();
 WINBASEAPI void WINAPI Sleep(DWORD milliseconds);
+
+#define VER_PLATFORM_WIN32s 0
+#define VER_PLATFORM_WIN32_WINDOWS 1
+#define VER_PLATFORM_WIN32_NT 2
+
+struct OSVERSIONINFOA {
+    DWORD dwOSVersionInfoSize; // set by the caller to sizeof(OSVERSIONINFOA), 148
+    DWORD dwMajorVersion, dwMinorVersion, dwBuildNumber, dwPlatformId;
+    CHAR szCSDVersion[128]; // the service pack
+};
+using LPOSVERSIONINFOA = OSVERSIONINFOA*;
+using OSVERSIONINFO = OSVERSIONINFOA;
+using LPOSVERSIONINFO = LPOSVERSIONINFOA;
+
+// Fails with ERROR_INSUFFICIENT_BUFFER, the structure untouched, when its size is not 148.
+// Differs: always NT 6.2.9200 without a service pack, which is what every later Windows answers to a program
+// that does not say otherwise; no longer structure.
+WINBASEAPI BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA information);
+#define GetVersionEx GetVersionExA
+
+// Waits `milliseconds` and answers TRUE; FALSE with ERROR_INVALID_PARAMETER, at once, for a frequency outside
+// 37 to 32767 Hz. Differs: silent.
+WINBASEAPI BOOL WINAPI Beep(DWORD frequency, DWORD milliseconds);

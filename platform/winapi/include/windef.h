@@ -4,13 +4,14 @@
 // Handles are distinct pointer types, so that mixing two kinds does not compile.
 #pragma once
 
+#include "apiexport_.h"
+
 #include <cstddef>
 #include <cstdint>
 
 #define WINAPI
 #define CALLBACK
 #define APIENTRY
-#define WINBASEAPI extern "C" __attribute__((visibility("default")))
 #define STDMETHODCALLTYPE
 #define STDAPICALLTYPE
 #define __cdecl
