@@ -2,10 +2,10 @@
 //
 // Search: `NAME.DLL` is looked for as `NAME.DLL`, `libNAME.so` and `NAME.so`, in any case, beside the
 // executable, beside this library, then on the system's library path; never in the current folder, nor
-// through an empty or relative element of a search path. A relative name with a folder in it is looked for
-// beside the executable only, and refused with `..` in it. `KERNEL32.DLL` and its sisters stand for this
-// adapter itself. A missing module fails with ERROR_MOD_NOT_FOUND, a file that is none with
-// ERROR_BAD_EXE_FORMAT, a missing function with ERROR_PROC_NOT_FOUND.
+// through an empty or relative element of a search path. A name with a folder in it must be a whole path, or
+// it counts as missing. `KERNEL32.DLL` and its sisters stand for this adapter itself. A missing module, or one
+// whose own needs are missing, fails with ERROR_MOD_NOT_FOUND, a file that is none with ERROR_BAD_EXE_FORMAT,
+// a missing function with ERROR_PROC_NOT_FOUND.
 // Threads: any.
 #pragma once
 

@@ -19,6 +19,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <string_view>
 
 namespace {
 
@@ -98,14 +99,23 @@ bool IsElf(const std::string& path)
     return elf;
 }
 
+// What kept dlopen from loading the file: its message names the file that failed, which may be another one
+// that the module needs.
+DWORD LoadError(const std::string& path)
+{
+    const char* message = dlerror();
+    const bool itself = message && std::string_view(message).starts_with(path + ":");
+    return itself ? ERROR_BAD_EXE_FORMAT : ERROR_MOD_NOT_FOUND;
+}
+
 HMODULE Load(const std::string& path)
 {
     Modules& modules = Loaded();
     const std::lock_guard lock(modules.mutex);
     const ModuleLoad load;
     void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!handle) // what the file itself needs may be missing
-        return SetLastError(ERROR_MOD_NOT_FOUND), nullptr;
+    if (!handle)
+        return Fail(LoadError(path)), nullptr;
     if (load.Refused())
         return dlclose(handle), SetLastError(ERROR_DLL_INIT_FAILED), nullptr;
     link_map* map = nullptr;

@@ -9,8 +9,12 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cinttypes>
 #include <climits>
+#include <cstdio>
+#include <fstream>
 #include <memory>
 
 namespace {
@@ -58,8 +62,8 @@ std::vector<std::string> SearchFolders(DWORD flags)
     return folders;
 }
 
-// What the name says about folders. A drive without a root would mean a current folder.
-enum class Form { Bare, Relative, Absolute, Refused };
+// What the name says about folders. A relative one, or a drive without a root, would mean a current folder.
+enum class Form { Bare, Absolute, Refused };
 
 Form FormOf(LPCSTR name)
 {
@@ -73,18 +77,7 @@ Form FormOf(LPCSTR name)
     const std::string rooted = "Z:\\" + std::string(name);
     if (ParsePath(rooted.c_str(), parsed) != NO_ERROR || parsed.parts.empty())
         return Form::Refused;
-    return parsed.parts.size() == 1 && LastPart(name) == name ? Form::Bare : Form::Relative;
-}
-
-bool ClimbsUp(const std::string& name)
-{
-    for (size_t at = name.find(".."); at != std::string::npos; at = name.find("..", at + 1)) {
-        const bool starts = at == 0 || name[at - 1] == '/' || name[at - 1] == '\\';
-        const bool ends = at + 2 == name.size() || name[at + 2] == '/' || name[at + 2] == '\\';
-        if (starts && ends)
-            return true;
-    }
-    return false;
+    return parsed.parts.size() == 1 && LastPart(name) == name ? Form::Bare : Form::Refused;
 }
 
 void AddFrom(const std::string& folder, const std::string& name, std::vector<std::string>& found)
@@ -105,13 +98,29 @@ void AddFromPath(const std::string& path, std::vector<std::string>& found)
         AddFrom(folder, LastPart(native), found);
 }
 
+// The file that is mapped at an address, as the system knows it.
+std::string MappedFile(const void* address)
+{
+    const auto place = reinterpret_cast<std::uintptr_t>(address);
+    std::ifstream maps("/proc/self/maps");
+    for (std::string line; std::getline(maps, line);) {
+        std::uintptr_t first = 0, end = 0;
+        if (std::sscanf(line.c_str(), "%" SCNxPTR "-%" SCNxPTR, &first, &end) == 2 && first <= place &&
+            place < end)
+            return line.substr(std::min(line.find('/'), line.size()));
+    }
+    return "";
+}
+
 std::string PathOfSymbol(const void* symbol)
 {
     Dl_info info;
     if (!dladdr(symbol, &info) || !info.dli_fname)
         return "";
-    const std::unique_ptr<char, void (*)(void*)> real(realpath(info.dli_fname, nullptr), std::free);
-    return real ? real.get() : info.dli_fname;
+    // A relative path says where the file was when it was loaded; the current folder may be another by now.
+    const std::string path = *info.dli_fname == '/' ? info.dli_fname : MappedFile(symbol);
+    const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
+    return real ? real.get() : path;
 }
 
 } // namespace
@@ -165,8 +174,6 @@ std::vector<std::string> ModuleCandidates(LPCSTR name, DWORD flags)
     const Form form = name && *name ? FormOf(name) : Form::Refused;
     if (form == Form::Absolute)
         AddFromPath(name, found);
-    if (form == Form::Relative && !ClimbsUp(name))
-        AddFromPath(ProgramFolder() + name, found);
     if (form == Form::Bare)
         for (const auto& folder : SearchFolders(flags))
             if (!folder.empty())

@@ -234,50 +234,6 @@ TEST(AdapterLocale, CodePageAndLanguageComeFromTheEnvironment)
     }
 }
 
-// A module of the right name in the current folder is no candidate, by whatever way the search could get
-// there.
-TEST(AdapterModules, TheCurrentFolderIsNotSearched)
-{
-    const ScratchFolder folder;
-    char before[1024];
-    const std::string probe = ProgramFolder() + "/libwinapi_probe.so";
-    ASSERT_TRUE(CopyFileA(probe.c_str(), folder.Path("libplanted.so").c_str(), TRUE));
-    ASSERT_TRUE(CreateDirectoryA(folder.Path("sub").c_str(), nullptr));
-    ASSERT_TRUE(CopyFileA(probe.c_str(), folder.Path("sub/libplanted.so").c_str(), TRUE));
-    GetCurrentDirectoryA(sizeof before, before);
-    ASSERT_TRUE(SetCurrentDirectoryA(folder.Path().c_str()));
-    for (const char* name :
-         {"planted", "planted.dll", "libplanted.so", ".\\planted.dll", "./libplanted.so", "sub\\planted.dll",
-          "..\\planted.dll", "sub/../planted.dll", "Z:planted.dll", ""}) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(LoadLibraryA(name), nullptr);
-        EXPECT_EQ(LoadLibraryExA(name, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS), nullptr);
-    }
-    SetCurrentDirectoryA(before);
-    const HMODULE meant = LoadLibraryA(folder.Path("planted.dll").c_str());
-    EXPECT_NE(meant, nullptr) << "a whole path is what the host means";
-    FreeLibrary(meant);
-}
-
-// The loader's own search would take an empty element for the current folder.
-TEST(AdapterModules, AnEmptyElementOfTheSearchPathIsNoFolder)
-{
-    const ScratchFolder folder;
-    const std::string probe = ProgramFolder() + "/libwinapi_probe.so";
-    ASSERT_TRUE(CopyFileA(probe.c_str(), folder.Path("libplanted.so").c_str(), TRUE));
-    const struct {
-        std::string searchPath;
-        const char* answer;
-    } rows[] = {
-        {":", "refused\n"}, {".", "refused\n"}, {":/nowhere", "refused\n"}, {folder.Path(), "loaded\n"}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.searchPath);
-        EXPECT_EQ(Output("cd '" + folder.Path() + "' && LD_LIBRARY_PATH='" + row.searchPath + "'",
-                         "load planted.DLL"),
-                  row.answer);
-    }
-}
-
 TEST(AdapterProfile, WritersOfTwoProcessesLoseNothing)
 {
     const ScratchFolder folder;

@@ -1,8 +1,12 @@
 // What a test lets a second process do, one task a run:
 //   winapi_child locale          prints what the environment's locale means to the adapter
 //   winapi_child load NAME       prints whether LoadLibraryA finds a module
+//   winapi_child load NAME IN    the same, after going to another folder
+//   winapi_child text PREFIX     prints the text of a product's message library
 //   winapi_child keys FILE KEY   writes 50 keys, KEY and a number, into a profile file
-#include <windows.h>
+#include "TestProduct.h"
+
+#include <MsgDll.h>
 
 #include <cstdio>
 #include <cstring>
@@ -16,9 +20,18 @@ int PrintLocale()
     return 0;
 }
 
-int Load(const char* name)
+int Load(const char* name, const char* folder)
 {
+    if (folder && !SetCurrentDirectoryA(folder))
+        return 1;
     std::printf("%s\n", LoadLibraryA(name) ? "loaded" : "refused");
+    return 0;
+}
+
+int PrintText(const char* prefix)
+{
+    TestProduct product(prefix);
+    std::printf("%s", CMsgDll::pfuncLoadStr("key", 0));
     return 0;
 }
 
@@ -37,7 +50,9 @@ int main(int argc, char** argv)
     const std::string task = argc > 1 ? argv[1] : "";
     if (task == "locale")
         return PrintLocale();
-    if (task == "load" && argc == 3)
-        return Load(argv[2]);
+    if (task == "load" && (argc == 3 || argc == 4))
+        return Load(argv[2], argv[3]);
+    if (task == "text" && argc == 3)
+        return PrintText(argv[2]);
     return task == "keys" && argc == 4 ? WriteKeys(argv[2], argv[3]) : 2;
 }
