@@ -7,7 +7,6 @@
 #include <cstring>
 
 // clang-format off
-IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
 // clang-format on
@@ -56,8 +55,6 @@ int ShowBox(LPCSTR text, LPCSTR caption, UINT style)
 
 } // namespace
 
-CCmdTarget::CCmdTarget() = default;
-CCmdTarget::~CCmdTarget() = default;
 CWinThread::CWinThread() = default;
 CWinThread::~CWinThread() = default;
 

@@ -1,0 +1,4 @@
+// Dialogs.
+#pragma once
+
+#include "afxwnd_.h"

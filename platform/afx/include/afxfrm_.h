@@ -1,0 +1,4 @@
+// Frame windows, views and documents.
+#pragma once
+
+#include "afxwnd_.h"

@@ -1,0 +1,5 @@
+// Device contexts and fonts.
+#pragma once
+
+#include "afxobj_.h"
+#include "afxtyp_.h"

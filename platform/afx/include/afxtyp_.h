@@ -1,0 +1,6 @@
+// Points, sizes and rectangles.
+#pragma once
+
+#include "afxver_.h"
+
+#include <windows.h>
