@@ -18,6 +18,7 @@ configure_package_config_file(cmake/ZEK_libConfig.cmake.in ${PROJECT_BINARY_DIR}
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZEK_libConfigVersion.cmake
   COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/ZEK_libConfig.cmake ${PROJECT_BINARY_DIR}/ZEK_libConfigVersion.cmake
+  cmake/ZekResources.cmake cmake/ZekResources.cpp.in
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZEK_lib)
 
 # pkg-config takes the folders relative to the file itself, so an installed tree may be moved.

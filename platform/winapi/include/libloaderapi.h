@@ -62,11 +62,11 @@ WINBASEAPI FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
 #define RT_MANIFEST MAKEINTRESOURCEA(24)
 
 // Null with ERROR_RESOURCE_DATA_NOT_FOUND (the module has none), ERROR_RESOURCE_TYPE_NOT_FOUND,
-// ERROR_RESOURCE_NAME_NOT_FOUND or ERROR_RESOURCE_LANG_NOT_FOUND. Of several languages the user interface's
-// is taken, then its relatives, then the neutral, then English, then the first.
+// ERROR_RESOURCE_NAME_NOT_FOUND or ERROR_RESOURCE_LANG_NOT_FOUND. Of several languages the neutral one is
+// taken, then the user interface's, the user's, English, any.
 WINBASEAPI HRSRC WINAPI FindResourceA(HMODULE module, LPCSTR name, LPCSTR type);
 #define FindResource FindResourceA
-// `language` alone; neutral (0): as FindResourceA.
+// In `language`, its primary language or neutral; 0: as FindResourceA.
 WINBASEAPI HRSRC WINAPI FindResourceExA(HMODULE module, LPCSTR type, LPCSTR name, WORD language);
 #define FindResourceEx FindResourceExA
 // The bytes of a resource. They live as long as the module; nothing needs to be freed.
