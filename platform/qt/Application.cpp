@@ -1,0 +1,70 @@
+#include "Application.h"
+
+#include <QtCore/QByteArrayList>
+#include <QtWidgets/QApplication>
+
+#include <cerrno>
+#include <clocale>
+#include <string>
+
+namespace {
+
+constexpr auto kHidden = "offscreen"; // the toolkit's platform that needs no display
+
+// Told on every machine without a desktop session, and no concern of the program's user.
+constexpr std::array kNoise = {"XDG_RUNTIME_DIR",        "propagateSizeHints", "could not connect to display",
+                               "Failed to create wl_display", "Could not load the Qt platform plugin",
+                               "Could not find the Qt platform plugin", "Detected locale"};
+
+QtMessageHandler g_nextHandler = nullptr;
+
+void TellUnlessNoise(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (type != QtFatalMsg)
+        for (const char* noise : kNoise)
+            if (text.contains(QLatin1String(noise)))
+                return;
+    if (g_nextHandler)
+        g_nextHandler(type, context, text);
+}
+
+// Where a platform cannot be had the toolkit tries the next of the list; with the last one it never fails.
+QByteArray PlatformsFor(const QByteArray& named)
+{
+    if (!named.isEmpty())
+        return named + ';' + kHidden;
+    QByteArrayList platforms;
+    if (qEnvironmentVariableIsSet("DISPLAY"))
+        platforms += "xcb";
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        platforms += "wayland";
+    return (platforms << kHidden).join(';');
+}
+
+void MakeApplication(const QByteArray& platforms)
+{
+    const std::string locale = std::setlocale(LC_ALL, nullptr);
+    // The object keeps both for as long as it lives, which is until the process ends.
+    static QByteArray name(program_invocation_name);
+    static QByteArray list(platforms);
+    static char option[] = "-platform";
+    static char* argv[] = {name.data(), option, list.data(), nullptr};
+    static int argc = 3;
+    g_nextHandler = qInstallMessageHandler(TellUnlessNoise);
+    new QApplication(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    std::setlocale(LC_ALL, locale.c_str());
+}
+
+} // namespace
+
+bool StartApplication()
+{
+    const QByteArray named = qgetenv("QT_QPA_PLATFORM");
+    if (!QCoreApplication::instance())
+        MakeApplication(PlatformsFor(named));
+    // A host's object without widgets cannot be replaced.
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return false;
+    return QGuiApplication::platformName() != QLatin1String(kHidden) || named.contains(kHidden);
+}
