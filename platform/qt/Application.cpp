@@ -3,6 +3,7 @@
 #include <QtCore/QByteArrayList>
 #include <QtWidgets/QApplication>
 
+#include <array>
 #include <cerrno>
 #include <clocale>
 #include <string>
@@ -12,9 +13,14 @@ namespace {
 constexpr auto kHidden = "offscreen"; // the toolkit's platform that needs no display
 
 // Told on every machine without a desktop session, and no concern of the program's user.
-constexpr std::array kNoise = {"XDG_RUNTIME_DIR",        "propagateSizeHints", "could not connect to display",
-                               "Failed to create wl_display", "Could not load the Qt platform plugin",
-                               "Could not find the Qt platform plugin", "Detected locale"};
+constexpr std::array kNoise = {"XDG_RUNTIME_DIR",
+                               "propagateSizeHints",
+                               "could not connect to display",
+                               "Failed to create wl_display",
+                               "Could not load the Qt platform plugin",
+                               "Could not find the Qt platform plugin",
+                               "Detected locale",
+                               "This plugin does not support"};
 
 QtMessageHandler g_nextHandler = nullptr;
 

@@ -101,8 +101,8 @@ QFont MakeFont(const FontSpec& spec)
     font.setUnderline(spec.underline != 0);
     font.setStrikeOut(spec.strikeOut != 0);
     constexpr LONG kLargest = 4096; // far beyond any screen; the toolkit's arithmetic overflows at some size
-    const int height = static_cast<int>(
-        std::clamp(spec.height ? spec.height : LONG{kDialogHeight}, -kLargest, kLargest));
+    const int height =
+        static_cast<int>(std::clamp(spec.height ? spec.height : LONG{kDialogHeight}, -kLargest, kLargest));
     if (height < 0)
         font.setPixelSize(-height);
     else
@@ -145,7 +145,8 @@ private:
 void TellIfThereAreNoFonts()
 {
     if (QFontDatabase::families().isEmpty())
-        std::fputs("No font is installed: texts will be boxes. Install one, such as fonts-dejavu-core.\n", stderr);
+        std::fputs("No font is installed: texts will be boxes. Install one, such as fonts-dejavu-core.\n",
+                   stderr);
 }
 
 FontTable& Fonts()

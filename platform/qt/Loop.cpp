@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr DWORD kNoEnd = 0xffffffff; // INFINITE
+
 QEvent::Type WakeEvent()
 {
     static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
@@ -37,7 +39,7 @@ void Loop::Wait(DWORD milliseconds)
     const bool outerWaiting = std::exchange(m_waiting, true);
     const int outerLevel = std::exchange(m_waitingLevel, QThread::currentThread()->loopLevel());
     QTimer end;
-    if (milliseconds != 0 && milliseconds != INFINITE) {
+    if (milliseconds != 0 && milliseconds != kNoEnd) {
         end.setTimerType(Qt::PreciseTimer);
         end.start(TimerLength(milliseconds)); // its event ends the wait
     }
@@ -55,7 +57,7 @@ void Loop::Wake()
 
 void Loop::WakeAfter(DWORD milliseconds)
 {
-    if (milliseconds == INFINITE)
+    if (milliseconds == kNoEnd)
         m_timer.stop();
     else
         m_timer.start(TimerLength(milliseconds));

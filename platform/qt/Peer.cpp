@@ -75,15 +75,6 @@ void WindowPeer::Notify(WORD code)
         m_events.Notify(m_window, code);
 }
 
-QMargins WindowPeer::Border() const
-{
-    if (!IsChild())
-        return {};
-    RECT frame = {};
-    AdjustWindowRectEx(&frame, m_style, FALSE, m_exStyle);
-    return {-frame.left, -frame.top, frame.right, frame.bottom};
-}
-
 QRect WindowPeer::Outer() const
 {
     QRect outer = ToRect(m_client).marginsAdded(Border());

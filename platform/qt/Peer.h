@@ -49,8 +49,8 @@ public:
     // The keyboard came or went, by whatever way.
     virtual void FocusChanged(bool) {}
 
-    // What the adapter's frame takes on each side of a child, which its widget covers too.
-    QMargins Border() const;
+    // What the widget covers round the client area on each side.
+    virtual QMargins Border() const { return {}; }
 
 protected:
     // The derived class's constructor hands its widget over, not to be seen yet and in no place.

@@ -131,7 +131,7 @@ Qt::WindowFlags PlainWindow::Flags() const
 {
     if (IsChild())
         return Qt::Widget;
-    Qt::WindowFlags flags = ExStyle() & WS_EX_TOOLWINDOW ? Qt::Tool
+    Qt::WindowFlags flags = ExStyle() & WS_EX_TOOLWINDOW                       ? Qt::Tool
                             : OwnerWidget() || ExStyle() & WS_EX_DLGMODALFRAME ? Qt::Dialog
                                                                                : Qt::Window;
     if (ExStyle() & WS_EX_TOPMOST)
@@ -143,6 +143,15 @@ Qt::WindowFlags PlainWindow::Flags() const
         if (Style() & row.style)
             flags |= row.flags;
     return flags;
+}
+
+QMargins PlainWindow::Border() const
+{
+    if (!IsChild())
+        return {};
+    RECT frame = {};
+    AdjustWindowRectEx(&frame, Style(), FALSE, ExStyle());
+    return {-frame.left, -frame.top, frame.right, frame.bottom};
 }
 
 bool PlainWindow::IsResizable() const

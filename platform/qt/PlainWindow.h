@@ -16,6 +16,8 @@ public:
     void SetStyle(DWORD style, DWORD exStyle) override;
     void SetParent(WindowPeer* parent) override;
     void Activate() override;
+    // A child's frame; that of any other is the window manager's.
+    QMargins Border() const override;
 
     // The enabled window that is to be used instead of this disabled one; null if there is none.
     WindowPeer* EnabledPopup() const;

@@ -82,7 +82,7 @@ public:
     // only the measures work.
     virtual bool HasDisplay() const = 0;
 
-    // Null when it cannot be made. Hidden and enabled as the style says.
+    // Null when it cannot be made. Not shown yet, whatever the style says; enabled as it says.
     virtual WindowPeer* Create(PeerRequest& request) = 0;
     // The peers of its children are gone by then.
     virtual void Destroy(WindowPeer* peer) = 0;
