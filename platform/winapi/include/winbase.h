@@ -4,6 +4,8 @@
 
 #include "fileapi.h"
 #include "libloaderapi.h"
+#include "processthreadsapi.h"
+#include "synchapi.h"
 #include "sysinfoapi.h"
 #include "windef.h"
 

@@ -2,6 +2,7 @@
 #include "FileAttributes.h"
 #include "OpenFile.h"
 #include "Path.h"
+#include "Waitable.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -126,10 +127,11 @@ HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD share, LPSECURITY_ATT
 
 BOOL WINAPI CloseHandle(HANDLE object)
 {
-    if (object == GetCurrentProcess())
+    if (object == GetCurrentProcess() || object == GetCurrentThread())
         return TRUE;
-    if (!ObjectOf<OpenFile>(object))
-        return FALSE;
+    const auto known = HandleObject(object); // a search has an end of its own
+    if (!std::dynamic_pointer_cast<OpenFile>(known) && !std::dynamic_pointer_cast<Waitable>(known))
+        return Fail(ERROR_INVALID_HANDLE);
     RemoveHandle(object);
     return TRUE;
 }
