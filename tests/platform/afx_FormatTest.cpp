@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
+#include <initializer_list>
 #include <limits>
 #include <random>
 #include <string>
@@ -79,12 +80,13 @@ TEST(Format, FollowsTheHomePlatform)
         {"negative zero", Formatted("%g|%+.1f", -0.0, 0.0), "-0|+0.0"},
         {"text", Formatted("%s|%5s|%-5s|%.2s", "abc", "abc", "abc", "abc"), "abc|  abc|abc  |ab"},
         {"string object", Formatted("%s|%8s", object, object), "object|  object"},
-        {"null text", Formatted("%s|%.3s|%s", none, none, nullptr), "(null)|(nu|(null)"},
+        {"null text", Formatted("%s|%.3s|%s|%S|%s", none, none, nullptr, LPCWSTR{}, NULL),
+         "(null)|(nu|(null)|(null)|(null)"},
+        {"more arguments than placeholders", Formatted("%d", 1, "x", 2.5), "1"},
         {"wide text",
          Formatted("%S|%ls|%ws|%.2S", OLESTR("wide"), OLESTR("wide"), OLESTR("w"), OLESTR("wide")),
          "wide|wide|w|wi"},
         {"narrow text", Formatted("%hs|%hS", "a", "b"), "a|b"},
-        {"wide where narrow is said", Formatted("%s|%S", OLESTR("wide"), "narrow"), "wide|narrow"},
         {"character", Formatted("%c|%3c|%C|%hc", 'x', 'y', 0x7A, 'w'), "x|  y|z|w"},
         {"enumerator and truth", Formatted("%d|%d", kRed, true), "3|1"},
         {"percent", Formatted("100%%"), "100%"},
@@ -122,10 +124,20 @@ TEST(Format, WritesWhatItCannotFollowAsItStands)
         {"too wide", Formatted("%999999999d|%d", 1, 2), "%999999999d|2"},
         {"too precise", Formatted("%.99999999999f|%d", 1.0, 2), "%.99999999999f|2"},
         {"too wide by argument", Formatted("%*d|%d", 2000000, 1, 2), "%*d|2"},
-        {"number as text", Formatted("%s|%d", 7, 8), "%s|8"},
-        {"text as fraction", Formatted("%f|%d", "x", 8), "%f|8"},
-        {"whole number as fraction", Formatted("%.1f", 7), "7.0"},
-        {"fraction as whole number", Formatted("%d|%I64d", 7.9, 1e300), "7|9223372036854775807"},
+        {"too wide below zero", Formatted("%*d|%.*f|%d", INT_MIN, 1, INT_MIN, 2.5, 3), "%*d|2.500000|3"},
+        {"text as width", Formatted("%*d|%.*f|%d", "x", 1, 2.5, 3.5, 4), "%*d|%.*f|4"},
+        {"digits behind the star", Formatted("%*99999999999999999999d|%d", -5, 1),
+         "%*99999999999999999999d|1"},
+        {"minus as precision", Formatted("%.-5d|", 7), "%.-5d|"},
+        {"number as text", Formatted("%s|%s|%ls|%s|%d", 7, 2.5, 7, 0, 8), "%s|%s|%ls|%s|8"},
+        {"pointer as text", Formatted("%s|%S|%d", &untouched, &untouched, 8), "%s|%S|8"},
+        {"wide text as text", Formatted("%s|%S|%hs|%ls|%d", OLESTR("w"), "n", OLESTR("w"), "n", 8),
+         "%s|%S|%hs|%ls|8"},
+        {"not a whole number", Formatted("%d|%x|%I64u|%5c|%d", "x", &untouched, 7.9, 1.5, 8),
+         "%d|%x|%I64u|%5c|8"},
+        {"null as whole number", Formatted("%d|%d", nullptr, 8), "%d|8"},
+        {"not a fraction", Formatted("%f|%.1f|%G|%a|%d", "x", 7, &untouched, 'c', 8), "%f|%.1f|%G|%a|8"},
+        {"not a pointer", Formatted("%p|%p|%d", 7, 1.5, 8), "%p|%p|8"},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.label);
@@ -167,6 +179,42 @@ TEST(Format, WritesNumbersAsPrintfDoes)
             char expected[400];
             std::snprintf(expected, sizeof expected, format, value);
             ASSERT_STREQ(expected, Formatted(format, value)) << format;
+        }
+    }
+}
+
+// A placeholder of every kind, flag, width and precision that the C library words in the same way.
+TEST(Format, WritesWellFormedPlaceholdersAsPrintfDoes)
+{
+    constexpr unsigned kSeed = 11;
+    SCOPED_TRACE(kSeed);
+    std::mt19937_64 random(kSeed);
+    const auto one = [&random](std::initializer_list<const char*> of) {
+        return std::string(of.begin()[random() % of.size()]);
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const std::string shape = "<%" + one({"", "-", "0", "+", " ", "#", "-+", "+0", "# ", "-0"}) +
+                                  one({"", "1", "7", "23"}) + one({"", ".", ".0", ".3", ".19"});
+        const auto integer = static_cast<LONGLONG>(random()) >> (random() % 64);
+        const int star = static_cast<int>(random() % 40) - 20;
+        const std::string text(random() % 9, 'x');
+        const auto check = [](const std::string& format, auto... args) {
+            char expected[600];
+            std::snprintf(expected, sizeof expected, format.c_str(), args...);
+            ASSERT_STREQ(expected, Formatted(format.c_str(), args...)) << format;
+        };
+        const bool hasSign = shape.find_first_of("+ ") != std::string::npos;
+        check(shape + one({"d", "i", "x", "X", "o", "u", "hd", "hhu"}) + ">", static_cast<int>(integer));
+        check(shape + one({"ld", "lu", "lx"}) + ">", static_cast<long>(integer));
+        check(shape + one({"lld", "llu", "llx", "llo"}) + ">", integer);
+        check(shape + one({"zu", "zx"}) + ">", static_cast<std::size_t>(integer));
+        check(shape + one({"e", "f", "g", "E", "G", "lf"}) + ">",
+              std::ldexp(static_cast<double>(integer), -20));
+        check("<%" + one({"", "-"}) + "*" + one({"d", "x", "u"}) + ">", star, static_cast<int>(integer));
+        check("<%.*" + one({"d", "x", "u"}) + ">", star, static_cast<int>(integer));
+        if (!hasSign && shape.find_first_of("#0") == std::string::npos) {
+            check(shape + "s|%%>", text.c_str());
+            check("<%" + one({"", "-"}) + one({"", "3"}) + "c>", 'a' + star + 20);
         }
     }
 }

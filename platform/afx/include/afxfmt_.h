@@ -18,6 +18,8 @@ struct AFX_FORMAT_ARG {
     enum Kind { kInteger, kReal, kText, kWideText, kPointer };
 
     Kind kind = kInteger;
+    bool isNull = false; // a null pointer, also one that the compiler takes for a number
+    bool isWide = false; // an integer of 64 bits
     union {
         LONGLONG integer = 0; // sign extended from its own width
         double real;
@@ -25,6 +27,8 @@ struct AFX_FORMAT_ARG {
         LPCWSTR wideText;
         const void* pointer;
     };
+
+    bool IsText() const { return kind == kText || kind == kWideText; }
 };
 
 namespace AfxFormatDetail {
@@ -42,6 +46,7 @@ AFX_FORMAT_ARG PointerArgument(const T* value)
 {
     static_assert(!kIsForeignChar<T>, "pass wide text as LPCWSTR");
     AFX_FORMAT_ARG result;
+    result.isNull = value == nullptr;
     if constexpr (kIsChar<T>) {
         result.kind = AFX_FORMAT_ARG::kText;
         result.text = reinterpret_cast<const char*>(value);
@@ -77,6 +82,8 @@ AFX_FORMAT_ARG Argument(const T& value)
         result.real = static_cast<double>(value);
     } else {
         result.integer = static_cast<LONGLONG>(value);
+        result.isWide = sizeof value > 4;
+        result.isNull = std::is_same_v<T, std::remove_cv_t<decltype(NULL)>> && result.integer == 0;
     }
     return result;
 }

@@ -133,9 +133,10 @@ public:
 
     // ---- formatting
     // Sets the text as printf does, with the home platform's size prefixes: %ld takes a LONG, %I64d a
-    // LONGLONG, %S a wide text. A CString among the arguments counts as its text. A conversion without an
-    // argument, one wider than 1,048,576 characters, %n, and text conversions of numbers stand in the result
-    // as written.
+    // LONGLONG, %S a wide text. A CString among the arguments counts as its text, a null text is "(null)".
+    // A placeholder stands in the result as written when it has no argument, its argument is of another kind
+    // (whole numbers, fractions, texts, wide texts and other pointers are the kinds), it is wider or more
+    // precise than 1,048,576 characters, or it is %n. Arguments beyond the placeholders are not used.
     template <class... Args>
     void Format(LPCSTR format, Args... args)
     {

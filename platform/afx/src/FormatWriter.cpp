@@ -60,9 +60,11 @@ public:
 private:
     void Conversion();
     void Flags();
+    bool Argument(AFX_FORMAT_ARG::Kind kind, int bytes, AFX_FORMAT_ARG& arg);
     bool Number(int& value);
     void Size();
     bool Write();
+    int BytesOf(const AFX_FORMAT_ARG& arg) const;
     bool WriteInteger();
     bool WritePointer();
     bool WriteReal();
@@ -75,6 +77,7 @@ private:
     CFormatSource& m_source;
     CFormatSpec m_spec;
     int m_bytes = 4;
+    bool m_isLong = false;
     TextWidth m_text = TextWidth::kDefault;
     bool m_bad = false; // the conversion cannot be followed
 };
@@ -104,21 +107,34 @@ void Writer::Flags()
     }
 }
 
-// A width or precision, in digits or as an argument. False when it is too large.
+// The next argument, taken in any case. False when there is none or it is of another kind; a null may stand
+// for any pointer.
+bool Writer::Argument(AFX_FORMAT_ARG::Kind kind, int bytes, AFX_FORMAT_ARG& arg)
+{
+    if (!m_source.Next(kind, bytes, arg))
+        return false;
+    const bool isPointer = kind != AFX_FORMAT_ARG::kInteger && kind != AFX_FORMAT_ARG::kReal;
+    return arg.kind == kind || (isPointer && arg.isNull);
+}
+
+// A width or precision, in digits or as an argument. False when it is too large or no number.
 bool Writer::Number(int& value)
 {
     LONGLONG number = 0;
     if (*m_next == '*') {
         ++m_next;
         AFX_FORMAT_ARG arg;
-        if (!m_source.Next(AFX_FORMAT_ARG::kInteger, 4, arg) || arg.kind != AFX_FORMAT_ARG::kInteger)
+        if (!Argument(AFX_FORMAT_ARG::kInteger, 4, arg))
             return false;
         number = static_cast<int>(arg.integer);
+    } else {
+        for (; *m_next >= '0' && *m_next <= '9'; ++m_next)
+            number = number > kWidest ? number : number * 10 + (*m_next - '0');
     }
-    for (; *m_next >= '0' && *m_next <= '9'; ++m_next)
-        number = number > kWidest ? number : number * 10 + (*m_next - '0');
+    if (number > kWidest || number < -kWidest)
+        return false;
     value = static_cast<int>(number);
-    return number <= kWidest && number >= -kWidest;
+    return true;
 }
 
 void Writer::Size()
@@ -129,6 +145,7 @@ void Writer::Size()
         m_next += size.name.size();
         m_bytes = size.bytes;
         m_text = size.text;
+        m_isLong = size.name == "l";
         return;
     }
 }
@@ -138,6 +155,7 @@ void Writer::Conversion()
     const LPCSTR start = m_next++;
     m_spec = {};
     m_bytes = 4;
+    m_isLong = false;
     m_text = TextWidth::kDefault;
     m_bad = false;
     Flags();
@@ -203,61 +221,51 @@ bool Writer::Write()
     }
 }
 
-LONGLONG AsInteger(const AFX_FORMAT_ARG& arg)
+// %ld takes a LONG, but a `long` that is longer is written whole.
+int Writer::BytesOf(const AFX_FORMAT_ARG& arg) const
 {
-    switch (arg.kind) {
-    case AFX_FORMAT_ARG::kInteger:
-        return arg.integer;
-    case AFX_FORMAT_ARG::kReal: {
-        constexpr double kLimit = 9223372036854774784.0; // the largest double below 2^63
-        if (!(arg.real > -kLimit))
-            return std::numeric_limits<LONGLONG>::min();
-        return arg.real < kLimit ? static_cast<LONGLONG>(arg.real) : std::numeric_limits<LONGLONG>::max();
-    }
-    default:
-        return static_cast<LONGLONG>(reinterpret_cast<INT_PTR>(arg.pointer));
-    }
+    return m_isLong && arg.isWide ? static_cast<int>(sizeof(long)) : m_bytes;
 }
 
 bool Writer::WriteInteger()
 {
     AFX_FORMAT_ARG arg;
-    if (!m_source.Next(AFX_FORMAT_ARG::kInteger, m_bytes, arg) || m_bad)
+    if (!Argument(AFX_FORMAT_ARG::kInteger, m_bytes, arg) || m_bad)
         return false;
-    AfxWriteInteger(m_out, m_spec, AsInteger(arg), m_bytes);
+    AfxWriteInteger(m_out, m_spec, arg.integer, BytesOf(arg));
     return true;
 }
 
+// Any pointer; that of a text is its address.
 bool Writer::WritePointer()
 {
     AFX_FORMAT_ARG arg;
-    if (!m_source.Next(AFX_FORMAT_ARG::kPointer, 0, arg) || m_bad)
+    const bool isPointer = Argument(AFX_FORMAT_ARG::kPointer, 0, arg) || arg.IsText();
+    if (!isPointer || m_bad)
         return false;
     CFormatSpec spec;
     spec.left = m_spec.left;
     spec.width = m_spec.width;
     spec.precision = 2 * static_cast<int>(sizeof(void*));
     spec.conversion = 'X';
-    AfxWriteInteger(m_out, spec, AsInteger(arg), 8);
+    const auto address = arg.isNull ? INT_PTR{0} : reinterpret_cast<INT_PTR>(arg.pointer);
+    AfxWriteInteger(m_out, spec, static_cast<LONGLONG>(address), 8);
     return true;
 }
 
 bool Writer::WriteReal()
 {
     AFX_FORMAT_ARG arg;
-    if (!m_source.Next(AFX_FORMAT_ARG::kReal, 8, arg) || m_bad)
+    if (!Argument(AFX_FORMAT_ARG::kReal, 8, arg) || m_bad)
         return false;
-    if (arg.kind == AFX_FORMAT_ARG::kInteger)
-        AfxWriteReal(m_out, m_spec, static_cast<double>(arg.integer));
-    else if (arg.kind == AFX_FORMAT_ARG::kReal)
-        AfxWriteReal(m_out, m_spec, arg.real);
-    return arg.kind == AFX_FORMAT_ARG::kInteger || arg.kind == AFX_FORMAT_ARG::kReal;
+    AfxWriteReal(m_out, m_spec, arg.real);
+    return true;
 }
 
 bool Writer::WriteCharacter()
 {
     AFX_FORMAT_ARG arg;
-    if (!m_source.Next(AFX_FORMAT_ARG::kInteger, 4, arg) || m_bad || arg.kind != AFX_FORMAT_ARG::kInteger)
+    if (!Argument(AFX_FORMAT_ARG::kInteger, 4, arg) || m_bad)
         return false;
     const bool wide =
         m_text == TextWidth::kWide || (m_spec.conversion == 'C' && m_text != TextWidth::kNarrow);
@@ -292,16 +300,13 @@ bool Writer::WriteText()
     const bool wide =
         m_text == TextWidth::kWide || (m_spec.conversion == 'S' && m_text != TextWidth::kNarrow);
     AFX_FORMAT_ARG arg;
-    if (!m_source.Next(wide ? AFX_FORMAT_ARG::kWideText : AFX_FORMAT_ARG::kText, 0, arg) || m_bad)
-        return false;
-    if (arg.kind == AFX_FORMAT_ARG::kReal || (arg.kind == AFX_FORMAT_ARG::kInteger && arg.integer != 0) ||
-        (arg.kind == AFX_FORMAT_ARG::kPointer && arg.pointer))
+    if (!Argument(wide ? AFX_FORMAT_ARG::kWideText : AFX_FORMAT_ARG::kText, 0, arg) || m_bad)
         return false;
     const auto limit = static_cast<std::size_t>(m_spec.precision);
     std::string body;
-    if (arg.kind == AFX_FORMAT_ARG::kInteger || !arg.pointer)
+    if (arg.isNull)
         body = std::string_view("(null)").substr(0, limit);
-    else if (arg.kind == AFX_FORMAT_ARG::kWideText)
+    else if (wide)
         body = Narrowed(arg.wideText);
     else if (m_spec.precision < 0)
         body = arg.text;
@@ -326,7 +331,7 @@ public:
         if (kind == AFX_FORMAT_ARG::kReal)
             arg.real = va_arg(m_args, double);
         else if (kind != AFX_FORMAT_ARG::kInteger)
-            arg.pointer = va_arg(m_args, const void*);
+            arg.isNull = !(arg.pointer = va_arg(m_args, const void*));
         else if (bytes > 4)
             arg.integer = va_arg(m_args, LONGLONG);
         else
