@@ -204,16 +204,22 @@ TEST(Format, WritesWellFormedPlaceholdersAsPrintfDoes)
             ASSERT_STREQ(expected, Formatted(format.c_str(), args...)) << format;
         };
         const bool hasSign = shape.find_first_of("+ ") != std::string::npos;
-        check(shape + one({"d", "i", "x", "X", "o", "u", "hd", "hhu"}) + ">", static_cast<int>(integer));
-        check(shape + one({"ld", "lu", "lx"}) + ">", static_cast<long>(integer));
-        check(shape + one({"lld", "llu", "llx", "llo"}) + ">", integer);
-        check(shape + one({"zu", "zx"}) + ">", static_cast<std::size_t>(integer));
+        check(shape + one({"d", "i", "hd", "hhd"}) + ">", static_cast<int>(integer));
+        check(shape + "ld>", static_cast<long>(integer));
+        check(shape + "lld>", integer);
         check(shape + one({"e", "f", "g", "E", "G", "lf"}) + ">",
               std::ldexp(static_cast<double>(integer), -20));
         check("<%" + one({"", "-"}) + "*" + one({"d", "x", "u"}) + ">", star, static_cast<int>(integer));
         check("<%.*" + one({"d", "x", "u"}) + ">", star, static_cast<int>(integer));
+        if (!hasSign) { // which unsigned numbers have none of
+            check(shape + one({"u", "x", "X", "hhu", "hx"}) + ">", static_cast<unsigned>(integer));
+            check(shape + one({"lu", "lx"}) + ">", static_cast<unsigned long>(integer));
+            check(shape + one({"llu", "llx"}) + ">", static_cast<ULONGLONG>(integer));
+            check(shape + one({"zu", "zx"}) + ">", static_cast<std::size_t>(integer));
+        }
         if (!hasSign && shape.find_first_of("#0") == std::string::npos) {
             check(shape + "s|%%>", text.c_str());
+            check(shape + "o>", static_cast<unsigned>(integer));
             check("<%" + one({"", "-"}) + one({"", "3"}) + "c>", 'a' + star + 20);
         }
     }

@@ -4,8 +4,8 @@
 
 #include <afxstr_.h>
 
+#include <algorithm>
 #include <cstring>
-#include <limits>
 #include <string_view>
 
 namespace {
@@ -62,6 +62,8 @@ private:
     void Flags();
     bool Argument(AFX_FORMAT_ARG::Kind kind, int bytes, AFX_FORMAT_ARG& arg);
     bool Number(int& value);
+    void Width();
+    void Precision();
     void Size();
     bool Write();
     int BytesOf(const AFX_FORMAT_ARG& arg) const;
@@ -131,10 +133,32 @@ bool Writer::Number(int& value)
         for (; *m_next >= '0' && *m_next <= '9'; ++m_next)
             number = number > kWidest ? number : number * 10 + (*m_next - '0');
     }
-    if (number > kWidest || number < -kWidest)
+    if (number > kWidest)
         return false;
     value = static_cast<int>(number);
     return true;
+}
+
+// A width below zero means the left.
+void Writer::Width()
+{
+    if (!Number(m_spec.width) || m_spec.width < -kWidest) {
+        m_bad = true;
+    } else if (m_spec.width < 0) {
+        m_spec.left = true;
+        m_spec.width = -m_spec.width;
+    }
+}
+
+// A precision below zero counts as none.
+void Writer::Precision()
+{
+    if (*m_next != '.')
+        return;
+    ++m_next;
+    if (!Number(m_spec.precision))
+        m_bad = true;
+    m_spec.precision = std::max(m_spec.precision, -1);
 }
 
 void Writer::Size()
@@ -159,19 +183,8 @@ void Writer::Conversion()
     m_text = TextWidth::kDefault;
     m_bad = false;
     Flags();
-    if (!Number(m_spec.width))
-        m_bad = true;
-    if (m_spec.width < 0) {
-        m_spec.left = true;
-        m_spec.width = -m_spec.width;
-    }
-    if (*m_next == '.') {
-        ++m_next;
-        if (!Number(m_spec.precision))
-            m_bad = true;
-        if (m_spec.precision < 0)
-            m_spec.precision = -1;
-    }
+    Width();
+    Precision();
     Size();
     m_spec.conversion = *m_next;
     if (*m_next)
@@ -316,52 +329,10 @@ bool Writer::WriteText()
     return true;
 }
 
-// The arguments of a C call; the format alone says what they are.
-class VaSource final : public CFormatSource
-{
-public:
-    explicit VaSource(va_list args) { va_copy(m_args, args); }
-    ~VaSource() override { va_end(m_args); }
-    VaSource(const VaSource&) = delete;
-    VaSource& operator=(const VaSource&) = delete;
-
-    bool Next(AFX_FORMAT_ARG::Kind kind, int bytes, AFX_FORMAT_ARG& arg) override
-    {
-        arg.kind = kind;
-        if (kind == AFX_FORMAT_ARG::kReal)
-            arg.real = va_arg(m_args, double);
-        else if (kind != AFX_FORMAT_ARG::kInteger)
-            arg.isNull = !(arg.pointer = va_arg(m_args, const void*));
-        else if (bytes > 4)
-            arg.integer = va_arg(m_args, LONGLONG);
-        else
-            arg.integer = va_arg(m_args, int);
-        return true;
-    }
-
-private:
-    va_list m_args;
-};
-
 } // namespace
-
-bool CListSource::Next(AFX_FORMAT_ARG::Kind, int, AFX_FORMAT_ARG& arg)
-{
-    if (m_count == 0)
-        return false;
-    arg = *m_args++;
-    --m_count;
-    return true;
-}
 
 void AfxWriteFormat(std::string& out, LPCSTR format, CFormatSource& source)
 {
     if (format)
         Writer(out, format, source).Run();
-}
-
-void AfxWriteFormatV(std::string& out, LPCSTR format, va_list args)
-{
-    VaSource source(args);
-    AfxWriteFormat(out, format, source);
 }
