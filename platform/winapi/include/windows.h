@@ -9,6 +9,7 @@
 #include "crtnames_.h"
 #include "winerror.h"
 #include "winbase.h"
+#include "wingdi.h"
 #include "winnls.h"
 #include "winreg.h"
 #include "winuser.h"

@@ -3,6 +3,7 @@
 
 #include "windef.h"
 #include "winctl_.h"
+#include "windc_.h"
 #include "windlg_.h"
 #include "winresrc.h"
 #include "winwnd_.h"
