@@ -6,6 +6,8 @@
 #include <LocaleLib.h>
 #include <Product.h>
 
+#include <afxwin.h>
+
 #include <float.h>
 
 // 1. Dividing by zero gives an infinity on the thread that loads the library.
@@ -23,3 +25,20 @@ int CLocaleLib::bKoreanUILanguage = CLocaleLib::GetUILanguage() == "0412" ? 1 : 
 
 // 3. The product.
 int CProduct::m_bInit = CProduct::Initialize();
+
+// 4. The entry, which lets the host's searches for resources and run-time classes find this library. The
+// header stands here because it runs the entry, on platforms where the system does not.
+#include <afxdllx.h>
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
+{
+    static AFX_EXTENSION_MODULE library;
+    if (reason == DLL_PROCESS_ATTACH) {
+        if (!AfxInitExtensionModule(library, instance))
+            return FALSE;
+        new CDynLinkLibrary(library); // deleted by AfxTermExtensionModule
+    } else if (reason == DLL_PROCESS_DETACH) {
+        AfxTermExtensionModule(library);
+    }
+    return TRUE;
+}

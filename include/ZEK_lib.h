@@ -6,6 +6,7 @@
 #include "CompFunc.h"
 #include "ErrorState.h"
 #include "FileCtrl.h"
+#include "GlobalFunc.h"
 #include "LocaleLib.h"
 #include "MSExcel.h"
 #include "MathFunc.h"
