@@ -1,13 +1,26 @@
-// A message library. It tells what it was asked: built without one export or the other to be refused.
-#include <afxver_.h>
+// A message library. It tells how often it was loaded and what it was asked: built without one export or the
+// other to be refused.
+#include <afx.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
 
 int g_registrations = 0;
 int g_product = 0;
+
+// Counts in the process's environment, which outlives the library.
+struct LoadCounter {
+    LoadCounter()
+    {
+        char count[16] = "0";
+        GetEnvironmentVariableA("ZEK_MESSAGE_LOADS", count, sizeof count);
+        std::snprintf(count, sizeof count, "%d", std::atoi(count) + 1);
+        SetEnvironmentVariableA("ZEK_MESSAGE_LOADS", count);
+    }
+} g_counter;
 
 } // namespace
 
