@@ -265,6 +265,25 @@ TEST(Store, ProcessesWriteSideBySide)
         EXPECT_EQ(GetText(test.Key(), ("own" + std::to_string(i)).c_str()), std::to_string(kWrites - 1));
 }
 
+TEST(Store, TwoProcessesOfTenThousandValuesEachLoseNone)
+{
+    constexpr int kWrites = 10'000;
+    const TestKey test("many");
+    const auto work = [&](const std::string& own) {
+        for (int i = 0; i < kWrites; ++i)
+            if (SetText(test.Key(), (own + std::to_string(i)).c_str(), std::to_string(i)) != ERROR_SUCCESS)
+                return 1;
+        return 0;
+    };
+    const pid_t first = StartChild("", [&] { return work("a"); });
+    const pid_t second = StartChild("", [&] { return work("b"); });
+    EXPECT_EQ(Await(first), 0);
+    EXPECT_EQ(Await(second), 0);
+    for (const char* own : {"a", "b"})
+        for (int i = 0; i < kWrites; ++i)
+            ASSERT_EQ(GetText(test.Key(), (own + std::to_string(i)).c_str()), std::to_string(i)) << own;
+}
+
 // As soon as a write has returned in one process, every other one reads it, whatever it kept in memory.
 TEST(Store, AFinishedWriteIsSeenByAllAtOnce)
 {

@@ -2,6 +2,8 @@
 #include "Process.h"
 #include "Scratch.h"
 
+#include <TestEnvMgr.h>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -159,6 +161,29 @@ TEST_F(ZekReg, AWrongLineIsNamedAndNothingIsCarriedOut)
             << result.output;
         EXPECT_EQ(Run("list 'HKCU\\W'").code, 1);
     }
+}
+
+// Asks a test switch in a process of its own: 1 on, 0 off.
+int SwitchInNextProcess(const std::string& home)
+{
+    return RunInChild(home, [] {
+        const int on = CTestEnvMgr::IsTestEnvST("Profiling", "yes");
+        return on == (CTestEnvMgr::GetTestEnvST("profiling").CompareNoCase("yes") == 0) ? on : 9;
+    });
+}
+
+TEST_F(ZekReg, EditsTestSwitchesForTheNextProcess)
+{
+    const std::string home = m_folder.Path("home");
+    EXPECT_EQ(SwitchInNextProcess(home), 0);
+    EXPECT_EQ(Run("set 'HKEY_CURRENT_USER\\Software\\TOVEN\\TEST' Profiling yes").code, 0);
+    EXPECT_EQ(SwitchInNextProcess(home), 1);
+    EXPECT_EQ(Run("set 'hkcu\\software\\toven\\test' PROFILING no").code, 0);
+    EXPECT_EQ(SwitchInNextProcess(home), 0);
+    EXPECT_EQ(Run("set 'HKCU\\Software\\TOVEN\\TEST' profiling YES").code, 0);
+    EXPECT_EQ(SwitchInNextProcess(home), 1);
+    EXPECT_EQ(Run("delete 'HKCU\\Software\\TOVEN\\TEST' Profiling").code, 0);
+    EXPECT_EQ(SwitchInNextProcess(home), 0);
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <map>
 #include <random>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace {
@@ -187,6 +189,42 @@ TEST(RegistryValue, BehavesLikeAMap)
             EXPECT_EQ(GetText(test.Key(), name.c_str()),
                       oracle.contains(name) ? oracle[name] : "error " + std::to_string(ERROR_FILE_NOT_FOUND));
         }
+    }
+}
+
+// Forwards, again, backwards and by leaps, also while values come and go: as a list of the names would
+// answer.
+TEST(RegistryValue, ListsByPlaceInAnyOrder)
+{
+    constexpr int kCount = 40;
+    const TestKey test("places");
+    const auto nameAt = [&](DWORD index) -> std::string {
+        char name[8];
+        DWORD size = sizeof name, dataSize = 0;
+        BYTE data = 0;
+        // Asked twice, as hosts do that have no room for the data at first.
+        RegEnumValueA(test.Key(), index, name, &size, nullptr, nullptr, &data, &dataSize);
+        size = sizeof name;
+        const LONG result = RegEnumValueA(test.Key(), index, name, &size, nullptr, nullptr, nullptr, nullptr);
+        return result == ERROR_SUCCESS ? name : "error " + std::to_string(result);
+    };
+    std::vector<std::string> names;
+    for (int i = 0; i < kCount; ++i)
+        ASSERT_EQ(SetText(test.Key(), ("v" + std::to_string(i)).c_str(), "x"), ERROR_SUCCESS);
+    for (DWORD i = 0; i < kCount; ++i)
+        names.push_back(nameAt(i));
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
+    std::mt19937 random(20261121);
+    for (int step = 0; step < 500; ++step) {
+        const auto index = static_cast<DWORD>(random() % kCount);
+        if (random() % 8 == 0 && names.size() > 1) {
+            const std::size_t gone = random() % names.size();
+            ASSERT_EQ(RegDeleteValueA(test.Key(), names[gone].c_str()), ERROR_SUCCESS);
+            names.erase(names.begin() + static_cast<std::ptrdiff_t>(gone));
+        }
+        for (DWORD i = index; i < index + 3; ++i)
+            ASSERT_EQ(nameAt(i), i < names.size() ? names[i] : "error " + std::to_string(ERROR_NO_MORE_ITEMS))
+                << step << ' ' << i;
     }
 }
 

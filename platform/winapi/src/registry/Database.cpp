@@ -19,7 +19,8 @@ constexpr std::array<const char*, static_cast<std::size_t>(Query::Count)> kTexts
     "COMMIT",
     "ROLLBACK",
     "SELECT 1 FROM key WHERE path = ?",
-    "SELECT folded, name, type, data FROM value WHERE path = ?",
+    "SELECT value.name, type, data FROM key LEFT JOIN value ON value.path = key.path AND folded = ?2"
+    " WHERE key.path = ?1",
     "INSERT INTO key(path, parent, name, written) VALUES(?, ?, ?, ?)",
     "UPDATE key SET written = ? WHERE path = ?",
     "DELETE FROM key WHERE path = ?",
@@ -27,8 +28,9 @@ constexpr std::array<const char*, static_cast<std::size_t>(Query::Count)> kTexts
     "INSERT INTO value(path, folded, name, type, data) VALUES(?, ?, ?, ?, ?)"
     " ON CONFLICT DO UPDATE SET type = excluded.type, data = excluded.data",
     "DELETE FROM value WHERE path = ? AND folded = ?",
-    "SELECT name, written FROM key WHERE parent = ? ORDER BY path LIMIT 1 OFFSET ?",
-    "SELECT name, type, data FROM value WHERE path = ? ORDER BY folded LIMIT 1 OFFSET ?",
+    "SELECT path, name, written FROM key WHERE parent = ? AND path >= ? ORDER BY path LIMIT 1 OFFSET ?",
+    "SELECT folded, name, type, data FROM value WHERE path = ? AND folded >= ?"
+    " ORDER BY folded LIMIT 1 OFFSET ?",
     "SELECT count(*), ifnull(max(length(name)), 0) FROM key WHERE parent = ?",
     "SELECT count(*), ifnull(max(length(name)), 0), ifnull(max(length(data)), 0),"
     " (SELECT written FROM key WHERE path = ?1) FROM value WHERE path = ?1",
@@ -237,6 +239,11 @@ std::string_view Statement::Bytes(int column) const
     const int size = sqlite3_column_bytes(m_statement, column);
     return data ? std::string_view(static_cast<const char*>(data), static_cast<std::size_t>(size))
                 : std::string_view();
+}
+
+bool Statement::IsNull(int column) const
+{
+    return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
 }
 
 std::int64_t Statement::Number(int column) const

@@ -20,7 +20,7 @@ enum class Query {
     Commit,
     Rollback,
     FindKey,
-    ListValues,
+    FindValue,
     AddKey,
     TouchKey,
     DropKey,
@@ -96,6 +96,7 @@ public:
     // Valid until the next row.
     std::string_view Bytes(int column) const;
     std::int64_t Number(int column) const;
+    bool IsNull(int column) const;
 
 private:
     sqlite3_stmt* m_statement;

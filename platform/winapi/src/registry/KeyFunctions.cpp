@@ -34,9 +34,9 @@ std::string PathBelow(std::string path, const std::vector<std::string>& names)
 
 LONG RequireKey(const std::string& path, LONG missing)
 {
-    std::shared_ptr<const RegistryKey> found;
-    const LONG result = Store::Instance().Read(path, found);
-    return result != ERROR_SUCCESS || found->exists ? result : missing;
+    bool exists = false;
+    const LONG result = Store::Instance().FindKey(path, exists);
+    return result != ERROR_SUCCESS || exists ? result : missing;
 }
 
 LONG OpenKey(HKEY key, LPCSTR subkey, PHKEY result)

@@ -11,8 +11,8 @@
 
 namespace {
 
-// Beyond this many keys the memory starts afresh.
-constexpr std::size_t kMostKept = 4096;
+// Beyond this many keys and values the memory starts afresh.
+constexpr std::size_t kMostKept = 20'000;
 
 // 100-nanosecond steps since 1601.
 std::int64_t Now()
@@ -44,7 +44,9 @@ struct ForkHandlers {
         store.m_database.Abandon();
         store.m_generation.Close();
         store.m_kept.clear();
+        store.m_keptCount = 0;
         store.m_keptAt = Generation::kUnsettled;
+        store.m_lastChild = store.m_lastValue = {};
         store.m_lock.unlock();
     }
 };
@@ -78,59 +80,80 @@ LONG Store::Connect()
     return result;
 }
 
-LONG Store::Read(const std::string& path, std::shared_ptr<const RegistryKey>& key)
+template <class Question>
+LONG Store::Ask(Question&& question)
 {
     const std::lock_guard<std::mutex> guard(m_lock);
-    if (const LONG result = Connect(); result != ERROR_SUCCESS)
+    const LONG result = Connect();
+    return result == ERROR_SUCCESS ? question() : result;
+}
+
+LONG Store::FindKey(const std::string& path, bool& exists)
+{
+    return Ask([&]() -> LONG {
+        if (const KeptKey* kept = Kept(path)) {
+            exists = kept->exists;
+            return ERROR_SUCCESS;
+        }
+        const LONG result = Exists(path, exists);
+        if (result == ERROR_SUCCESS)
+            Keep(path, exists);
         return result;
-    const std::uint64_t before = m_generation.Current();
-    if (before != m_keptAt)
-        m_kept.clear();
-    m_keptAt = before;
-    if (const auto found = m_kept.find(path); found != m_kept.end()) {
-        key = found->second;
+    });
+}
+
+// A key may hold thousands of values, and any write makes all that was kept old: so each is read by itself.
+LONG Store::FindValue(const std::string& path, const std::string& name, FoundValue& found)
+{
+    const std::string folded = FoldName(name);
+    return Ask([&]() -> LONG {
+        if (const KeptKey* kept = Kept(path)) {
+            const auto value = kept->values.find(folded);
+            found = {kept->exists, value == kept->values.end() ? nullptr : value->second};
+            if (!kept->exists || value != kept->values.end())
+                return ERROR_SUCCESS;
+        }
+        const LONG result = Load(path, folded, found);
+        if (result != ERROR_SUCCESS)
+            return result;
+        if (KeptKey* kept = Keep(path, found.keyExists))
+            m_keptCount += kept->values.emplace(folded, found.value).second;
         return ERROR_SUCCESS;
-    }
-    auto loaded = std::make_shared<RegistryKey>();
-    const LONG result = LoadWhole(path, *loaded);
-    if (result != ERROR_SUCCESS)
-        return result;
-    key = loaded;
-    if (before != Generation::kUnsettled && m_generation.Current() == before)
-        Keep(path, key);
-    return ERROR_SUCCESS;
+    });
 }
 
-void Store::Keep(const std::string& path, const std::shared_ptr<const RegistryKey>& key)
+// What is known of a key, if nothing was written since.
+const Store::KeptKey* Store::Kept(const std::string& path)
 {
-    if (m_kept.size() >= kMostKept)
+    const std::uint64_t now = m_generation.Current();
+    if (now != m_keptAt || m_keptCount >= kMostKept) {
         m_kept.clear();
-    m_kept.emplace(path, key);
-}
-
-// One transaction, so that the key and its values are of one moment.
-LONG Store::LoadWhole(const std::string& path, RegistryKey& key)
-{
-    LONG result = m_database.Run(Query::Begin);
-    if (result != ERROR_SUCCESS)
-        return result;
-    result = Load(path, key);
-    m_database.Run(Query::Commit);
-    return result;
-}
-
-LONG Store::Load(const std::string& path, RegistryKey& key)
-{
-    if (const LONG result = Exists(path, key.exists); result != ERROR_SUCCESS || !key.exists)
-        return result;
-    Statement values(m_database, Query::ListValues);
-    values.Bind(path);
-    while (values.Next()) {
-        RegistryValue value{std::string(values.Bytes(1)), static_cast<DWORD>(values.Number(2)),
-                            std::string(values.Bytes(3))};
-        key.values.emplace(values.Bytes(0), std::move(value));
+        m_keptCount = 0;
     }
-    return values.Error();
+    m_keptAt = now;
+    const auto found = m_kept.find(path);
+    return found == m_kept.end() ? nullptr : &found->second;
+}
+
+// Where to keep what was read of a key since Kept() was asked; null if something was written meanwhile.
+Store::KeptKey* Store::Keep(const std::string& path, bool exists)
+{
+    if (m_keptAt == Generation::kUnsettled || m_generation.Current() != m_keptAt)
+        return nullptr;
+    const auto [place, added] = m_kept.try_emplace(path);
+    m_keptCount += added;
+    place->second.exists = exists;
+    return &place->second;
+}
+
+LONG Store::Load(const std::string& path, const std::string& folded, FoundValue& found)
+{
+    Statement row(m_database, Query::FindValue);
+    found.keyExists = row.Bind(path).Bind(folded).Next();
+    if (found.keyExists && !row.IsNull(1))
+        found.value = std::make_shared<const RegistryValue>(RegistryValue{
+            std::string(row.Bytes(0)), static_cast<DWORD>(row.Number(1)), std::string(row.Bytes(2))});
+    return row.Error();
 }
 
 LONG Store::Exists(const std::string& path, bool& exists)
@@ -140,34 +163,35 @@ LONG Store::Exists(const std::string& path, bool& exists)
     return find.Error();
 }
 
-template <class Question>
-LONG Store::Ask(Question&& question)
+// Counting off from the first row for each answer would make a listing's cost grow with its square.
+template <class Take>
+LONG Store::NthRow(Place& last, Query query, const std::string& path, DWORD index, Take&& take)
 {
-    const std::lock_guard<std::mutex> guard(m_lock);
-    const LONG result = Connect();
-    return result == ERROR_SUCCESS ? question() : result;
+    return Ask([&]() -> LONG {
+        const std::uint64_t now = m_generation.Current();
+        const Place start = last.LeadsTo(path, index, now) ? last : Place{};
+        Statement row(m_database, query);
+        row.Bind(path).Bind(start.key).Bind(std::int64_t{index - start.index});
+        if (!row.Next())
+            return row.Error() == ERROR_SUCCESS ? ERROR_NO_MORE_ITEMS : row.Error();
+        take(row);
+        last = {path, index, std::string(row.Bytes(0)), now};
+        return ERROR_SUCCESS;
+    });
 }
 
 LONG Store::NthChild(const std::string& path, DWORD index, std::string& name, std::int64_t& written)
 {
-    return Ask([&]() -> LONG {
-        Statement child(m_database, Query::NthChild);
-        if (!child.Bind(path).Bind(std::int64_t{index}).Next())
-            return child.Error() == ERROR_SUCCESS ? ERROR_NO_MORE_ITEMS : child.Error();
-        name = child.Bytes(0);
-        written = child.Number(1);
-        return ERROR_SUCCESS;
+    return NthRow(m_lastChild, Query::NthChild, path, index, [&](const Statement& child) {
+        name = child.Bytes(1);
+        written = child.Number(2);
     });
 }
 
 LONG Store::NthValue(const std::string& path, DWORD index, RegistryValue& value)
 {
-    return Ask([&]() -> LONG {
-        Statement row(m_database, Query::NthValue);
-        if (!row.Bind(path).Bind(std::int64_t{index}).Next())
-            return row.Error() == ERROR_SUCCESS ? ERROR_NO_MORE_ITEMS : row.Error();
-        value = {std::string(row.Bytes(0)), static_cast<DWORD>(row.Number(1)), std::string(row.Bytes(2))};
-        return ERROR_SUCCESS;
+    return NthRow(m_lastValue, Query::NthValue, path, index, [&](const Statement& row) {
+        value = {std::string(row.Bytes(1)), static_cast<DWORD>(row.Number(2)), std::string(row.Bytes(3))};
     });
 }
 
@@ -248,7 +272,7 @@ LONG Store::DeleteKey(const std::string& path)
         if (const LONG result = Exists(path, exists); result != ERROR_SUCCESS || !exists)
             return result == ERROR_SUCCESS ? ERROR_FILE_NOT_FOUND : result;
         Statement child(m_database, Query::NthChild);
-        if (child.Bind(path).Bind(std::int64_t{0}).Next())
+        if (child.Bind(path).Bind("").Bind(std::int64_t{0}).Next())
             return ERROR_ACCESS_DENIED;
         const LONG result = Statement(m_database, Query::DropValues).Bind(path).Finish();
         return result == ERROR_SUCCESS ? Statement(m_database, Query::DropKey).Bind(path).Finish() : result;

@@ -21,10 +21,10 @@ struct RegistryValue {
     std::string data;
 };
 
-// A key as it was found: whether it is there, and its values by folded name.
-struct RegistryKey {
-    bool exists = false;
-    std::map<std::string, RegistryValue, std::less<>> values;
+// What a look for a value found: the key may be missing, or only the value (null).
+struct FoundValue {
+    bool keyExists = false;
+    std::shared_ptr<const RegistryValue> value;
 };
 
 // Counts and longest lengths in bytes; `written` is a FILETIME.
@@ -43,7 +43,8 @@ public:
     // Never destroyed: objects with static lifetime may still read settings while the process ends.
     static Store& Instance();
 
-    LONG Read(const std::string& path, std::shared_ptr<const RegistryKey>& key);
+    LONG FindKey(const std::string& path, bool& exists);
+    LONG FindValue(const std::string& path, const std::string& name, FoundValue& found);
     // A key or value by its place in ascending order of folded names; ERROR_NO_MORE_ITEMS beyond the last.
     LONG NthChild(const std::string& path, DWORD index, std::string& name, std::int64_t& written);
     LONG NthValue(const std::string& path, DWORD index, RegistryValue& value);
@@ -60,24 +61,48 @@ public:
     LONG Flush();
 
 private:
+    // What is known of a key: whether it is there, and its values, null for missing ones, by folded name.
+    struct KeptKey {
+        bool exists = false;
+        std::map<std::string, std::shared_ptr<const RegistryValue>> values;
+    };
+
+    // The last answer of an enumeration, from which the next one is counted off.
+    struct Place {
+        std::string path;
+        DWORD index = 0;
+        std::string key; // what the rows are ordered by
+        std::uint64_t at = Generation::kUnsettled;
+
+        bool LeadsTo(const std::string& other, DWORD next, std::uint64_t now) const
+        {
+            return now != Generation::kUnsettled && now == at && next >= index && other == path;
+        }
+    };
+
     Store();
 
+    template <class Take>
+    LONG NthRow(Place& last, Query query, const std::string& path, DWORD index, Take&& take);
     template <class Change>
     LONG Write(Change&& change);
     template <class Question>
     LONG Ask(Question&& question);
     LONG Connect();
-    LONG Load(const std::string& path, RegistryKey& key);
-    LONG LoadWhole(const std::string& path, RegistryKey& key);
+    LONG Load(const std::string& path, const std::string& folded, FoundValue& found);
     LONG Exists(const std::string& path, bool& exists);
     LONG Touch(const std::string& path);
     LONG AddMissing(const std::string& path, const std::vector<std::string>& names, bool& created);
-    void Keep(const std::string& path, const std::shared_ptr<const RegistryKey>& key);
+    const KeptKey* Kept(const std::string& path);
+    KeptKey* Keep(const std::string& path, bool exists);
 
     friend struct ForkHandlers;
     std::mutex m_lock;
     Database m_database;
     Generation m_generation;
-    std::unordered_map<std::string, std::shared_ptr<const RegistryKey>> m_kept;
+    std::unordered_map<std::string, KeptKey> m_kept;
+    std::size_t m_keptCount = 0; // keys and values
     std::uint64_t m_keptAt = Generation::kUnsettled;
+    Place m_lastChild;
+    Place m_lastValue;
 };

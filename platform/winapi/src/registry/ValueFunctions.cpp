@@ -13,15 +13,13 @@ LONG QueryValue(HKEY key, LPCSTR name, LPDWORD type, LPBYTE data, LPDWORD size)
     std::string path;
     if (!PathOfHandle(key, path))
         return ERROR_INVALID_HANDLE;
-    std::shared_ptr<const RegistryKey> found;
-    if (const LONG result = Store::Instance().Read(path, found); result != ERROR_SUCCESS)
+    FoundValue found;
+    if (const LONG result = Store::Instance().FindValue(path, name ? name : "", found);
+        result != ERROR_SUCCESS)
         return result;
-    if (!found->exists)
-        return ERROR_KEY_DELETED;
-    const auto value = found->values.find(FoldName(name ? name : ""));
-    if (value == found->values.end())
-        return ERROR_FILE_NOT_FOUND;
-    return AnswerData(value->second.type, value->second.data, type, data, size);
+    if (!found.value)
+        return found.keyExists ? ERROR_FILE_NOT_FOUND : ERROR_KEY_DELETED;
+    return AnswerData(found.value->type, found.value->data, type, data, size);
 }
 
 LONG EnumValue(HKEY key, DWORD index, LPSTR name, LPDWORD count, LPDWORD type, LPBYTE data, LPDWORD size)
