@@ -115,6 +115,9 @@ WINBASEAPI BOOL WINAPI WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LP
 WINBASEAPI BOOL WINAPI WriteProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value);
 #define WriteProfileString WriteProfileStringA
 
+// a * b / divisor to the nearest whole number, a half away from zero; -1 when it does not fit or `divisor` is 0.
+WINBASEAPI int WINAPI MulDiv(int a, int b, int divisor);
+
 // The length in bytes; 0 for a null text.
 WINBASEAPI int WINAPI lstrlenA(LPCSTR text);
 #define lstrlen lstrlenA
