@@ -5,6 +5,7 @@
 
 #include <LocaleLib.h>
 #include <Product.h>
+#include <SpecialChar.h>
 
 #include <afxwin.h>
 
@@ -23,10 +24,33 @@ CString CLocaleLib::csLocale = CLocaleLib::GetSystemLocale();
 int CLocaleLib::bKorean = CLocaleLib::IsKorean();
 int CLocaleLib::bKoreanUILanguage = CLocaleLib::GetUILanguage() == "0412" ? 1 : 0;
 
-// 3. The product.
+// 3. The symbols, in the code page of the language.
+CString CSpecialChar::m_csMulSign;
+CString CSpecialChar::m_cs2Square;
+CString CSpecialChar::m_cs3Square;
+CString CSpecialChar::m_cs4Square;
+CString CSpecialChar::m_cs6Square;
+CString CSpecialChar::m_csAlpha;
+CString CSpecialChar::m_csBeta;
+CString CSpecialChar::m_csGamma;
+CString CSpecialChar::m_csDelta;
+CString CSpecialChar::m_csTheta;
+CString CSpecialChar::m_csRho;
+CString CSpecialChar::m_csSigma;
+CString CSpecialChar::m_csPhi;
+CString CSpecialChar::m_csTau;
+CString CSpecialChar::m_csDegree;
+CString CSpecialChar::m_csNu;
+CString CSpecialChar::m_csMu;
+CString CSpecialChar::m_csLamda;
+CString CSpecialChar::m_csGammaC;
+CString CSpecialChar::m_csEta;
+int CSpecialChar::m_bInit = CSpecialChar::InitSpecialChar();
+
+// 4. The product.
 int CProduct::m_bInit = CProduct::Initialize();
 
-// 4. The entry, which lets the host's searches for resources and run-time classes find this library. The
+// 5. The entry, which lets the host's searches for resources and run-time classes find this library. The
 // header stands here because it runs the entry, on platforms where the system does not.
 #include <afxdllx.h>
 

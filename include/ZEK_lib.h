@@ -17,6 +17,7 @@
 #include "QSort.h"
 #include "RandomColor.h"
 #include "Registry.h"
+#include "SpecialChar.h"
 #include "StringTokenizer.h"
 #include "TestEnvMgr.h"
 #include "TextFile.h"
