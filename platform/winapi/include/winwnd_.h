@@ -4,8 +4,8 @@
 // that made the first of them; a window below HWND_MESSAGE has no picture, works without a display and may
 // belong to any thread.
 // Errors: functions that take a window fail with ERROR_INVALID_WINDOW_HANDLE for one that is gone.
-// Threads: any, but a window is destroyed, moved, shown and enabled on its own thread; messages may be sent
-// and posted to it from everywhere.
+// Threads: any. A window is destroyed by its own thread; what else another thread does to it waits until that
+// thread gets round to it, as for SendMessage.
 // Differs: nothing is painted by messages (no WM_PAINT, WM_ERASEBKGND, WM_NCPAINT) and the mouse is the
 // controls' own affair. No menus, hooks, scroll bars or regions. Rectangles are those of Windows' classic
 // frames, whatever a window manager draws.
@@ -153,7 +153,6 @@ WINBASEAPI LRESULT WINAPI CallWindowProcA(WNDPROC procedure, HWND window, UINT m
 #define CallWindowProc CallWindowProcA
 // Fail with ERROR_INVALID_INDEX. A negative index is one of GWL_, GWLP_, others count bytes of the class's
 // extra memory. The old value; since that may be 0, the last error tells a failure.
-// GWL_STYLE: WS_VISIBLE, once set or cleared so, is only recorded.
 WINBASEAPI LONG WINAPI GetWindowLongA(HWND window, int index);
 #define GetWindowLong GetWindowLongA
 WINBASEAPI LONG WINAPI SetWindowLongA(HWND window, int index, LONG value);

@@ -1,0 +1,59 @@
+#include "BackendLoader.h"
+
+#include "../ModuleSearch.h"
+
+#include <dlfcn.h>
+
+#include <atomic>
+#include <bit>
+#include <cstdlib>
+
+namespace {
+
+constexpr const char* kModule = "libzek_windows.so";
+constexpr const char* kDisplayVariables[] = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+
+std::atomic<DWORD> uiThread{0};
+
+// Never unloaded: the toolkit's objects live to the process's end.
+WindowBackend* Load()
+{
+    void* module = dlopen((LibraryFolder() + kModule).c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* symbol = module ? dlsym(module, kCreateWindowBackend) : nullptr;
+    if (!symbol)
+        return nullptr;
+    return std::bit_cast<ZekCreateWindowBackendFunc*>(symbol)(&TheEvents());
+}
+
+bool IsDisplayNamed()
+{
+    for (const char* name : kDisplayVariables) {
+        const char* value = std::getenv(name);
+        if (value && *value)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+DWORD UiThread()
+{
+    return uiThread.load();
+}
+
+WindowBackend* Backend()
+{
+    static WindowBackend* const backend = [] {
+        WindowBackend* made = Load();
+        if (made)
+            uiThread = GetCurrentThreadId();
+        return made;
+    }();
+    return backend;
+}
+
+bool CanShowWindows()
+{
+    return IsDisplayNamed() && Backend() && Backend()->HasDisplay();
+}
