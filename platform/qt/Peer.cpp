@@ -1,7 +1,6 @@
 #include "Peer.h"
 
 #include "Burial.h"
-#include "PlainWindow.h"
 
 #include <algorithm>
 #include <memory>
@@ -184,12 +183,6 @@ void ForEachPeer(const std::function<void(WindowPeer&)>& visit)
         all.push_back(peer);
     for (WindowPeer* peer : all)
         visit(*peer);
-}
-
-WindowPeer* MakePeer(PeerRequest& request, PeerEvents& events)
-{
-    auto peer = std::make_unique<PlainWindow>(request, events);
-    return peer.release();
 }
 
 WindowPeer* PeerAround(const QObject* object)

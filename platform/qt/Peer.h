@@ -46,9 +46,6 @@ public:
     void Repaint();
     virtual bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
-    // The keyboard came or went, by whatever way.
-    virtual void FocusChanged(bool) {}
-
     // What the widget covers round the client area on each side.
     virtual QMargins Border() const { return {}; }
 
@@ -82,5 +79,5 @@ WindowPeer* PeerAround(const QObject* object);
 
 void ForEachPeer(const std::function<void(WindowPeer&)>& visit);
 
-// A new peer of the kind that the request names; may change the request's rectangle.
+// A new peer of the kind that the request names, null for an unknown one; may change the request's rectangle.
 WindowPeer* MakePeer(PeerRequest& request, PeerEvents& events);

@@ -49,7 +49,7 @@ RECT FromRect(const QRect& rect)
 } // namespace
 
 QtBackend::QtBackend(PeerEvents& events, bool hasDisplay)
-    : m_events(events), m_loop(events), m_hasDisplay(hasDisplay)
+    : m_events(events), m_loop(events), m_filter(events), m_hasDisplay(hasDisplay)
 {
     QObject::connect(qApp, &QApplication::focusChanged, &m_loop,
                      [this](QWidget* from, QWidget* to) { TellFocus(from, to); });
@@ -57,16 +57,10 @@ QtBackend::QtBackend(PeerEvents& events, bool hasDisplay)
 
 void QtBackend::TellFocus(QWidget* from, QWidget* to)
 {
-    WindowPeer* const left = PeerAround(from);
     WindowPeer* const entered = PeerAround(to);
-    if (left == entered)
+    if (PeerAround(from) == entered)
         return;
-    if (left)
-        left->FocusChanged(false);
     m_events.FocusMoved(entered ? entered->Window() : nullptr);
-    // A handler of the move may have destroyed it.
-    if (WindowPeer* const still = PeerAround(QApplication::focusWidget()); still && still == entered)
-        still->FocusChanged(true);
 }
 
 WindowPeer* QtBackend::Create(PeerRequest& request)
@@ -161,7 +155,13 @@ void QtBackend::Repaint(WindowPeer* peer)
 bool QtBackend::Message(WindowPeer* peer, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     const ToolkitCall call;
-    return peer->Message(message, wParam, lParam, result);
+    if (peer->Message(message, wParam, lParam, result))
+        return true;
+    if (message != WM_SETREDRAW || !peer->Widget())
+        return false;
+    peer->Widget()->setUpdatesEnabled(wParam != 0);
+    result = 0;
+    return true;
 }
 
 void QtBackend::SetCursor(WORD shape)

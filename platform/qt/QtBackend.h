@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Backend.h"
+#include "Keys.h"
 #include "Loop.h"
 
 class QtBackend final : public WindowBackend
@@ -41,5 +42,6 @@ private:
 
     PeerEvents& m_events;
     Loop m_loop;
+    InputFilter m_filter;
     bool m_hasDisplay;
 };

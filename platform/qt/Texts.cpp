@@ -5,11 +5,14 @@
 
 namespace {
 
-// The length of the character that begins with these bytes.
-int CharacterBytes(QStringView text, qsizetype at, int& units)
+qsizetype CharacterUnits(QStringView text, qsizetype at)
 {
-    units = text[at].isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
-    return static_cast<int>(ToAnsi(text.mid(at, units)).size());
+    return text[at].isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
+}
+
+qsizetype CharacterBytes(QStringView character)
+{
+    return character[0].unicode() < 0x80 ? 1 : ToAnsi(character).size();
 }
 
 } // namespace
@@ -45,10 +48,12 @@ int BytesOf(QStringView text, qsizetype units)
 qsizetype UnitsOf(QStringView text, qsizetype bytes)
 {
     qsizetype at = 0;
-    for (int units = 0; at < text.size(); at += units) {
-        bytes -= CharacterBytes(text, at, units);
+    while (at < text.size()) {
+        const qsizetype units = CharacterUnits(text, at);
+        bytes -= CharacterBytes(text.mid(at, units));
         if (bytes < 0)
             break;
+        at += units;
     }
     return at;
 }

@@ -1,0 +1,66 @@
+#include "Items.h"
+
+#include "Texts.h"
+
+#include <QtCore/QCollator>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+bool Less(const QString& a, const QString& b)
+{
+    static const auto& collator = *[] {
+        auto* made = new QCollator;
+        made->setCaseSensitivity(Qt::CaseInsensitive);
+        return made;
+    }();
+    return collator.compare(a, b) < 0;
+}
+
+} // namespace
+
+int Items::SortedPlace(const QString& text) const
+{
+    const auto place = std::upper_bound(m_items.begin(), m_items.end(), text,
+                                        [](const QString& a, const Item& b) { return Less(a, b.text); });
+    return static_cast<int>(place - m_items.begin());
+}
+
+void Items::Insert(int index, const QString& text)
+{
+    m_items.insert(m_items.begin() + index, {text});
+}
+
+void Items::Remove(int index)
+{
+    m_items.erase(m_items.begin() + index);
+}
+
+int Items::Find(int after, const QString& text, bool whole) const
+{
+    const int count = Count();
+    const int start = after >= 0 && after < count ? after + 1 : 0;
+    for (int step = 0; step < count; ++step) {
+        const int index = (start + step) % count;
+        const QString& item = Text(index);
+        if (whole ? item.compare(text, Qt::CaseInsensitive) == 0 : item.startsWith(text, Qt::CaseInsensitive))
+            return index;
+    }
+    return LB_ERR;
+}
+
+LRESULT Items::CopyText(WPARAM index, LPARAM buffer) const
+{
+    if (!Has(index) || !buffer)
+        return LB_ERR;
+    const QByteArray bytes = ToAnsi(m_items[index].text);
+    std::memcpy(reinterpret_cast<char*>(buffer), bytes.constData(), static_cast<size_t>(bytes.size()) + 1);
+    return bytes.size();
+}
+
+LRESULT Items::TextLength(WPARAM index) const
+{
+    return Has(index) ? ToAnsi(m_items[index].text).size() : LB_ERR;
+}

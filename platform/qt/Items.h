@@ -1,0 +1,38 @@
+// The items of a list box or of a combo box's list, and how they are found and sorted.
+#pragma once
+
+#include <windows.h>
+
+#include <QtCore/QString>
+
+#include <vector>
+
+class Items
+{
+public:
+    int Count() const { return static_cast<int>(m_items.size()); }
+    bool Has(WPARAM index) const { return index < m_items.size(); }
+    const QString& Text(int index) const { return m_items[static_cast<size_t>(index)].text; }
+    LPARAM& Data(WPARAM index) { return m_items[index].data; }
+
+    // Where a new item goes among sorted ones: behind those that are not greater, without regard to case.
+    int SortedPlace(const QString& text) const;
+    void Insert(int index, const QString& text);
+    void Remove(int index);
+    void Clear() { m_items.clear(); }
+
+    // The first item behind `after` (-1: all; on from the list's end at its start) that begins with the text,
+    // or is the text, without regard to case; LB_ERR.
+    int Find(int after, const QString& text, bool whole) const;
+
+    // An answer to LB_GETTEXT and the like: the length copied with a terminator, or LB_ERR.
+    LRESULT CopyText(WPARAM index, LPARAM buffer) const;
+    LRESULT TextLength(WPARAM index) const;
+
+private:
+    struct Item {
+        QString text;
+        LPARAM data = 0;
+    };
+    std::vector<Item> m_items;
+};
