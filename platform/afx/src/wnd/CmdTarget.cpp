@@ -37,10 +37,12 @@ const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
     return GetThisMessageMap();
 }
 
-BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO*)
+BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* handlerInfo)
 {
     // A notification's code is a word, however its sign went on the way.
     const AFX_MSGMAP_ENTRY* entry =
         AfxFindMessageEntry(GetMessageMap(), WM_COMMAND, static_cast<WORD>(code), id);
-    return entry && entry->pfn(this, id, reinterpret_cast<LPARAM>(extra)) != 0;
+    if (entry && handlerInfo)
+        handlerInfo->pTarget = this;
+    return entry && (handlerInfo || entry->pfn(this, id, reinterpret_cast<LPARAM>(extra)) != 0);
 }
