@@ -77,10 +77,17 @@ std::string BoxText(HWND box)
     return longest;
 }
 
+// Dialogs are of the same class, but have no label of this number.
+bool IsBox(HWND window)
+{
+    constexpr int kText = 0xFFFF;
+    return HasClass(window, "#32770") && GetDlgItem(window, kText);
+}
+
 LRESULT CALLBACK OnActivate(int code, WPARAM wParam, LPARAM lParam)
 {
     const HWND window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && HasClass(window, "#32770")) {
+    if (code == HCBT_ACTIVATE && IsBox(window)) {
         g_state.caught.push_back(
             {BoxText(window), WindowText(window), ButtonStyle(window) | IconStyle(window)});
         const int standard = LOWORD(SendMessageA(window, DM_GETDEFID, 0, 0));
