@@ -5,7 +5,6 @@
 #include "Texts.h"
 
 #include <QtGui/QMouseEvent>
-#include <QtGui/QGuiApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
@@ -84,7 +83,10 @@ protected:
         QStyleOptionButton option;
         initStyleOption(&option);
         painter.drawControl(QStyle::CE_PushButtonBevel, option);
-        const QRect inside = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+        constexpr int kIndent = 5;
+        const QRect inside = style()
+                                 ->subElementRect(QStyle::SE_PushButtonContents, &option, this)
+                                 .adjusted(kIndent, 0, -kIndent, 0);
         const auto align = side == BS_LEFT ? Qt::AlignLeft : Qt::AlignRight;
         painter.drawItemText(inside, static_cast<int>(align) | Qt::AlignVCenter | Qt::TextShowMnemonic,
                              palette(), isEnabled(), text(), QPalette::ButtonText);
@@ -231,15 +233,16 @@ void ButtonPeer::KeepTabStop()
         SetWindowLongA(Window(), GWL_STYLE, static_cast<LONG>(style));
 }
 
-void ButtonPeer::ClearOthersOfGroup()
+void ButtonPeer::CheckInGroup()
 {
     const HWND window = Window();
     const HWND dialog = GetParent(window);
+    SendMessageA(window, BM_SETCHECK, BST_CHECKED, 0);
     HWND other = window;
     // As many steps as there may be windows, should handlers change the group meanwhile.
-    for (int steps = 0; steps < 0xffff; ++steps) {
+    for (int steps = 0; steps < 0xffff && Window() && IsChild(); ++steps) {
         other = GetNextDlgGroupItem(dialog, other, FALSE);
-        if (!other || other == window || !Window())
+        if (!other || other == window)
             return;
         if (SendMessageA(other, WM_GETDLGCODE, 0, 0) == kRadio)
             SendMessageA(other, BM_SETCHECK, BST_UNCHECKED, 0);
@@ -252,7 +255,7 @@ void ButtonPeer::Clicked()
         return;
     const ButtonKind& kind = kKinds[Type()];
     if (kind.changesItself && kind.isRadio)
-        SendMessageA(Window(), BM_SETCHECK, BST_CHECKED, 0);
+        CheckInGroup();
     else if (kind.changesItself)
         SendMessageA(Window(), BM_SETCHECK, m_check == kind.mostCheck ? BST_UNCHECKED : m_check + 1, 0);
     Notify(BN_CLICKED);
@@ -290,8 +293,6 @@ bool ButtonPeer::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& re
 LRESULT ButtonPeer::OnSetCheck(WPARAM check, LPARAM)
 {
     SetCheck(static_cast<UINT>(std::min<WPARAM>(check, BST_INDETERMINATE)));
-    if (Type() == BS_AUTORADIOBUTTON && m_check && IsChild())
-        ClearOthersOfGroup();
     return 0;
 }
 
@@ -339,14 +340,10 @@ LRESULT ButtonPeer::OnGetDlgCode(WPARAM, LPARAM)
     return kKinds[Type()].dlgCode;
 }
 
-// A radio button that the keyboard comes to is chosen by that.
 LRESULT ButtonPeer::OnSetFocus(WPARAM, LPARAM)
 {
     if (Style() & BS_NOTIFY)
         Notify(BN_SETFOCUS);
-    const bool byMouse = QGuiApplication::mouseButtons() != Qt::NoButton;
-    if (kKinds[Type()].isRadio && !m_check && !byMouse)
-        Clicked();
     return 0;
 }
 

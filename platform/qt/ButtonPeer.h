@@ -27,7 +27,7 @@ private:
     void ShowCheck();
     void ShowText();
     void SetCheck(UINT check);
-    void ClearOthersOfGroup();
+    void CheckInGroup();
     void KeepTabStop();
 
     LRESULT OnGetCheck(WPARAM, LPARAM) { return m_check; }

@@ -31,8 +31,7 @@ public:
     virtual void Remove(int row) = 0;
     virtual void Clear() = 0;
     virtual void Choose(int row) = 0; // -1: none; shows the row's text. Tells nobody
-    virtual void Drop(bool open) = 0;
-    virtual bool IsDropped() const = 0;
+    virtual void Drop(bool open) = 0; // tells of it before it returns
     virtual void SetRowsShown(int rows) = 0;
     virtual void PressKey(WPARAM key) = 0;
     virtual void Search(const QString& typed) = 0;

@@ -12,8 +12,8 @@
 namespace {
 
 constexpr int kFrameOfText = 8; // what the closed combo box has above and below its line
-constexpr std::array<WPARAM, 7> kListKeys = {VK_UP, VK_DOWN, VK_PRIOR, VK_NEXT, VK_F4, VK_HOME, VK_END};
-constexpr size_t kKeysBesideText = 5; // the rest move the caret where there is one
+constexpr std::array<WPARAM, 6> kListKeys = {VK_UP, VK_DOWN, VK_PRIOR, VK_NEXT, VK_HOME, VK_END};
+constexpr size_t kKeysBesideText = 4; // the rest move the caret where there is one
 
 } // namespace
 
@@ -32,8 +32,7 @@ ComboBoxPeer::ComboBoxPeer(PeerRequest& request, PeerEvents& events) : WindowPee
     if (!IsOpen())
         request.client.bottom = request.client.top + ClosedHeight();
     ShowRows();
-    SetText(request.text);
-    SetClient(request.client);
+    SetClient(request.client); // its text is what is chosen or typed later
 }
 
 DWORD ComboBoxPeer::EditStyle() const
@@ -44,8 +43,12 @@ DWORD ComboBoxPeer::EditStyle() const
 
 ComboBodyUse ComboBoxPeer::BodyUse()
 {
-    return {[this] { Notify(CBN_DROPDOWN); },
+    return {[this] {
+                m_dropped = true;
+                Notify(CBN_DROPDOWN);
+            },
             [this] {
+                m_dropped = false;
                 Notify(CBN_SELENDCANCEL);
                 Notify(CBN_CLOSEUP);
             },
@@ -103,8 +106,9 @@ void ComboBoxPeer::Chosen(int row)
     m_current = row;
     if (m_editor && m_items.Has(static_cast<WPARAM>(row)))
         SetEditText(m_items.Text(row));
-    Notify(CBN_SELENDOK);
-    if (!IsOpen() && !m_body->IsDropped())
+    if (!IsOpen())
+        Notify(CBN_SELENDOK);
+    if (std::exchange(m_dropped, false))
         Notify(CBN_CLOSEUP);
     Notify(CBN_SELCHANGE);
 }
@@ -171,17 +175,28 @@ bool ComboBoxPeer::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
     return HandleMessage<ComboBoxPeer>(*this, kRows, message, wParam, lParam, result);
 }
 
+// The toolkit shows the chosen item anew whenever its list changes.
+void ComboBoxPeer::KeepingText(const std::function<void()>& change)
+{
+    if (!m_editor) {
+        change();
+        return;
+    }
+    const Editor::Quiet quiet(*m_editor);
+    const QString edited = m_editor->Box().Text();
+    const EditSelection selection = m_editor->Box().Selection();
+    change();
+    if (m_editor->Box().Text() == edited)
+        return;
+    SetEditText(edited);
+    m_editor->Box().Select(selection);
+}
+
 LRESULT ComboBoxPeer::Insert(int index, LPARAM text)
 {
     const QString shown = FromAnsi(reinterpret_cast<const char*>(text));
     m_items.Insert(index, shown);
-    const QString edited = m_editor ? m_editor->Box().Text() : QString();
-    const EditSelection selection = m_editor ? m_editor->Box().Selection() : EditSelection{};
-    m_body->Insert(index, shown);
-    if (m_editor && m_editor->Box().Text() != edited) { // the toolkit shows the chosen item anew
-        SetEditText(edited);
-        m_editor->Box().Select(selection);
-    }
+    KeepingText([&] { m_body->Insert(index, shown); });
     m_current += m_current >= index ? 1 : 0;
     return index;
 }
@@ -205,12 +220,13 @@ LRESULT ComboBoxPeer::OnDeleteString(WPARAM index, LPARAM)
     if (!m_items.Has(index))
         return CB_ERR;
     const int row = static_cast<int>(index);
-    if (row == m_current)
-        ChooseRow(CB_ERR);
-    else if (row < m_current)
-        --m_current;
+    KeepingText([&] {
+        if (row == m_current)
+            m_body->Choose(CB_ERR);
+        m_body->Remove(row);
+    });
     m_items.Remove(row);
-    m_body->Remove(row);
+    m_current = row == m_current ? CB_ERR : m_current - (row < m_current ? 1 : 0);
     return m_items.Count();
 }
 
@@ -255,7 +271,9 @@ LRESULT ComboBoxPeer::OnSelectString(WPARAM after, LPARAM text)
 
 LRESULT ComboBoxPeer::OnSetCurSel(WPARAM index, LPARAM)
 {
-    const int row = m_items.Has(index) ? static_cast<int>(index) : CB_ERR;
+    const int row = static_cast<int>(index);
+    if (row < -1 || row >= m_items.Count())
+        return CB_ERR;
     ChooseRow(row);
     return row;
 }
@@ -295,7 +313,7 @@ LRESULT ComboBoxPeer::OnShowDropDown(WPARAM open, LPARAM)
 
 LRESULT ComboBoxPeer::OnGetDroppedState(WPARAM, LPARAM)
 {
-    return m_body->IsDropped();
+    return m_dropped;
 }
 
 // On the screen, with the list as it would be open.
@@ -327,7 +345,7 @@ LRESULT ComboBoxPeer::OnSetDroppedWidth(WPARAM width, LPARAM)
 // -1: of the text, else of the list's rows.
 LRESULT ComboBoxPeer::OnGetItemHeight(WPARAM part, LPARAM)
 {
-    constexpr int kFrameInside = 2;
+    constexpr int kFrameInside = 4;
     return static_cast<int>(part) == -1 ? RowHeight() + kFrameInside : RowHeight();
 }
 
@@ -402,7 +420,7 @@ LRESULT ComboBoxPeer::OnClear(WPARAM, LPARAM)
 LRESULT ComboBoxPeer::OnGetDlgCode(WPARAM key, LPARAM)
 {
     const LRESULT code = DLGC_WANTARROWS | DLGC_WANTCHARS;
-    const bool closes = (key == VK_RETURN || key == VK_ESCAPE) && !IsOpen() && m_body->IsDropped();
+    const bool closes = (key == VK_RETURN || key == VK_ESCAPE) && m_dropped;
     return closes ? code | DLGC_WANTMESSAGE : code;
 }
 
@@ -416,12 +434,18 @@ LRESULT ComboBoxPeer::OnSetFocus(WPARAM, LPARAM)
 
 LRESULT ComboBoxPeer::OnKillFocus(WPARAM, LPARAM)
 {
+    Notify(CBN_SELENDCANCEL);
     Notify(CBN_KILLFOCUS);
     return 0;
 }
 
 LRESULT ComboBoxPeer::OnKeyDown(WPARAM key, LPARAM)
 {
+    const bool closes = m_dropped && (key == VK_ESCAPE || key == VK_RETURN);
+    if (closes || (key == VK_F4 && !IsOpen())) {
+        m_body->Drop(!m_dropped);
+        return 0;
+    }
     const auto end =
         kListKeys.begin() + static_cast<std::ptrdiff_t>(m_editor ? kKeysBesideText : kListKeys.size());
     if (std::find(kListKeys.begin(), end, key) != end)
@@ -435,7 +459,7 @@ LRESULT ComboBoxPeer::OnKeyDown(WPARAM key, LPARAM)
 LRESULT ComboBoxPeer::OnSysKeyDown(WPARAM, LPARAM)
 {
     if (!IsOpen())
-        m_body->Drop(!m_body->IsDropped());
+        m_body->Drop(!m_dropped);
     return 0;
 }
 

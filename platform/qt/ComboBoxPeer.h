@@ -32,6 +32,7 @@ private:
     void Chosen(int row);
     void ChooseRow(int row);
     void SetEditText(const QString& text);
+    void KeepingText(const std::function<void()>& change);
     LRESULT Insert(int index, LPARAM text);
 
     LRESULT OnAddString(WPARAM, LPARAM text);
@@ -83,4 +84,5 @@ private:
     int m_current = CB_ERR;
     int m_dropHeight = 0; // of the whole, with its list
     int m_dropWidth = 0;
+    bool m_dropped = false;
 };

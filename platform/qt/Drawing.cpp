@@ -37,7 +37,11 @@ void DrawBorder(QPainter& painter, const QRect& rect, const QPalette& palette, D
 
 void DrawEtchedLine(QPainter& painter, const QPoint& from, const QPoint& to, const QPalette& palette)
 {
-    qDrawShadeLine(&painter, from, to, palette, true, 1, 0);
+    const QPoint below = from.y() == to.y() ? QPoint(0, 1) : QPoint(1, 0);
+    painter.setPen(palette.color(QPalette::Mid));
+    painter.drawLine(from, to);
+    painter.setPen(palette.color(QPalette::Light));
+    painter.drawLine(from + below, to + below);
 }
 
 QPixmap StockIcon(const QStyle& style, HICON icon, int size)

@@ -46,7 +46,14 @@ public:
         });
     }
 
-    bool IsOpen() const { return m_open; }
+    void Close()
+    {
+        if (!m_open)
+            return;
+        m_chosen = true; // nothing is left to tell later
+        hidePopup();
+        m_use.closed();
+    }
 
 protected:
     void wheelEvent(QWheelEvent* event) override
@@ -94,10 +101,9 @@ public:
         if (open)
             m_box.showPopup();
         else
-            m_box.hidePopup();
+            m_box.Close();
     }
 
-    bool IsDropped() const override { return m_box.IsOpen(); }
     void SetRowsShown(int rows) override { m_box.setMaxVisibleItems(rows); }
     void PressKey(WPARAM key) override { ::PressKey(m_box, key); }
     void Search(const QString& typed) override { TypeText(m_box, typed); }

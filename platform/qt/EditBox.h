@@ -33,6 +33,7 @@ public:
     virtual void SetPassword(bool password) = 0;
     virtual bool CanUndo() const = 0;
     virtual void Undo() = 0;
+    virtual void Redo() = 0;
     virtual void ForgetUndo() = 0;
     virtual void ScrollToCaret() = 0;
     // Of the lines as they are shown; a line that does not exist has no start.
@@ -44,7 +45,7 @@ public:
 };
 
 struct EditBoxUse {
-    std::function<void()> changed;                   // by whatever way
+    std::function<void()> changed;                   // not by SetText, as far as the box can tell
     std::function<void(const QString& text)> insert; // what the user puts in by mouse, menu or input method
 };
 

@@ -21,6 +21,7 @@ EditPeer::EditPeer(const PeerRequest& request, PeerEvents& events)
     m_editor.Box().Widget()->setEnabled(IsEnabled());
     Adopt(m_editor.Box().Widget());
     SetStyle(request.style, request.exStyle);
+    ShowReadOnly(request.style & ES_READONLY);
     SetText(request.text);
     SetClient(request.client);
 }
@@ -48,6 +49,16 @@ void EditPeer::SetStyle(DWORD style, DWORD exStyle)
         line->setFrame(framed);
     else if (auto* text = qobject_cast<QPlainTextEdit*>(Widget()))
         text->setFrameShape(framed ? QFrame::StyledPanel : QFrame::NoFrame);
+}
+
+// A text that cannot be changed has the window's colour behind it.
+void EditPeer::ShowReadOnly(bool readOnly)
+{
+    m_editor.Box().SetReadOnly(readOnly);
+    QPalette palette;
+    if (readOnly)
+        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    Widget()->setPalette(palette);
 }
 
 void EditPeer::Changed()
@@ -233,12 +244,12 @@ LRESULT EditPeer::OnGetFirstVisibleLine(WPARAM, LPARAM)
 
 LRESULT EditPeer::OnCanUndo(WPARAM, LPARAM)
 {
-    return m_editor.Box().CanUndo();
+    return m_editor.CanUndo();
 }
 
 LRESULT EditPeer::OnEmptyUndoBuffer(WPARAM, LPARAM)
 {
-    m_editor.Box().ForgetUndo();
+    m_editor.ForgetUndo();
     return 0;
 }
 
@@ -277,7 +288,7 @@ LRESULT EditPeer::OnSetReadOnly(WPARAM readOnly, LPARAM)
 {
     const DWORD style = readOnly ? Style() | ES_READONLY : Style() & ~static_cast<DWORD>(ES_READONLY);
     SetWindowLongA(Window(), GWL_STYLE, static_cast<LONG>(style));
-    m_editor.Box().SetReadOnly(readOnly != 0);
+    ShowReadOnly(readOnly != 0);
     return 1;
 }
 
@@ -286,6 +297,9 @@ LRESULT EditPeer::OnSetPasswordChar(WPARAM character, LPARAM)
     if (m_editor.IsMultiLine())
         return 0;
     m_password = static_cast<LRESULT>(character);
+    const DWORD style = character ? Style() | ES_PASSWORD : Style() & ~static_cast<DWORD>(ES_PASSWORD);
+    if (style != Style())
+        SetWindowLongA(Window(), GWL_STYLE, static_cast<LONG>(style));
     m_editor.SetPassword(character != 0);
     return 0;
 }

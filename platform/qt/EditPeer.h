@@ -19,6 +19,7 @@ public:
     bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
 private:
+    void ShowReadOnly(bool readOnly);
     void Changed();
     void TellChange();
     qsizetype LineOf(WPARAM line) const;

@@ -39,6 +39,7 @@ std::pair<qsizetype, qsizetype> Ordered(EditSelection selection)
 Editor::Editor(DWORD style, EditorUse use) : m_use(std::move(use)), m_style(style)
 {
     const EditBoxUse boxUse = {[this] {
+                                   m_undone = false;
                                    if (!m_quiet)
                                        m_use.changed();
                                },
@@ -63,6 +64,7 @@ void Editor::SetText(const QString& text)
 {
     const Quiet quiet(*this);
     m_box->SetText(ToBox(text));
+    m_undone = false;
 }
 
 QByteArray Editor::AnsiText() const
@@ -134,10 +136,18 @@ void Editor::SelectBytes(int start, int end)
 
 bool Editor::Undo()
 {
-    if (IsReadOnly() || !m_box->CanUndo())
+    if (IsReadOnly() || !CanUndo())
         return !IsMultiLine();
-    m_box->Undo();
+    const bool forth = m_undone;
+    forth ? m_box->Redo() : m_box->Undo();
+    m_undone = !forth;
     return true;
+}
+
+void Editor::ForgetUndo()
+{
+    m_box->ForgetUndo();
+    m_undone = false;
 }
 
 void Editor::Cut()

@@ -45,7 +45,10 @@ public:
     // A start of -1 selects nothing, an end of -1 reaches to the text's end.
     void SelectBytes(int start, int end);
 
+    // One step back, or forth again after one back.
+    bool CanUndo() const { return m_undone || m_box->CanUndo(); }
     bool Undo();
+    void ForgetUndo();
     void Cut();
     void Copy();
     void Paste();
@@ -78,5 +81,6 @@ private:
     size_t m_limit = kUsualLimit;
     int m_quiet = 0;
     bool m_password = false;
+    bool m_undone = false;
     static constexpr size_t kUsualLimit = 30000;
 };

@@ -23,8 +23,8 @@ bool Less(const QString& a, const QString& b)
 
 int Items::SortedPlace(const QString& text) const
 {
-    const auto place = std::upper_bound(m_items.begin(), m_items.end(), text,
-                                        [](const QString& a, const Item& b) { return Less(a, b.text); });
+    const auto place = std::lower_bound(m_items.begin(), m_items.end(), text,
+                                        [](const Item& a, const QString& b) { return Less(a.text, b); });
     return static_cast<int>(place - m_items.begin());
 }
 
@@ -40,7 +40,7 @@ void Items::Remove(int index)
 
 int Items::Find(int after, const QString& text, bool whole) const
 {
-    const int count = Count();
+    const int count = text.isEmpty() ? 0 : Count();
     const int start = after >= 0 && after < count ? after + 1 : 0;
     for (int step = 0; step < count; ++step) {
         const int index = (start + step) % count;

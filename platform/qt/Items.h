@@ -15,14 +15,14 @@ public:
     const QString& Text(int index) const { return m_items[static_cast<size_t>(index)].text; }
     LPARAM& Data(WPARAM index) { return m_items[index].data; }
 
-    // Where a new item goes among sorted ones: behind those that are not greater, without regard to case.
+    // Where a new item goes among sorted ones: before those that are not less, without regard to case.
     int SortedPlace(const QString& text) const;
     void Insert(int index, const QString& text);
     void Remove(int index);
     void Clear() { m_items.clear(); }
 
     // The first item behind `after` (-1: all; on from the list's end at its start) that begins with the text,
-    // or is the text, without regard to case; LB_ERR.
+    // or is the text, without regard to case; LB_ERR if there is none, as for an empty text.
     int Find(int after, const QString& text, bool whole) const;
 
     // An answer to LB_GETTEXT and the like: the length copied with a terminator, or LB_ERR.

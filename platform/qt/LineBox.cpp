@@ -18,7 +18,7 @@ public:
     {
         setDragEnabled(false);
         setAcceptDrops(false);
-        connect(this, &QLineEdit::textChanged, this, [this] { m_use.changed(); });
+        connect(this, &QLineEdit::textEdited, this, [this] { m_use.changed(); });
     }
 
 protected:
@@ -108,6 +108,7 @@ public:
 
     bool CanUndo() const override { return m_edit.isUndoAvailable(); }
     void Undo() override { m_edit.undo(); }
+    void Redo() override { m_edit.redo(); }
 
     void ForgetUndo() override
     {

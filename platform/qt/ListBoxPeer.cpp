@@ -124,7 +124,7 @@ void ListBoxPeer::SelectionChanged()
 
 bool ListBoxPeer::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
-    static constexpr std::array<MessageRow<ListBoxPeer>, 36> kRows = {{
+    static constexpr std::array<MessageRow<ListBoxPeer>, 37> kRows = {{
         {LB_ADDSTRING, &ListBoxPeer::OnAddString},
         {LB_INSERTSTRING, &ListBoxPeer::OnInsertString},
         {LB_DELETESTRING, &ListBoxPeer::OnDeleteString},
@@ -161,6 +161,7 @@ bool ListBoxPeer::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
         {WM_KILLFOCUS, &ListBoxPeer::OnKillFocus},
         {WM_KEYDOWN, &ListBoxPeer::OnKeyDown},
         {WM_CHAR, &ListBoxPeer::OnChar},
+        {WM_SIZE, &ListBoxPeer::OnSize},
     }};
     if (!Widget())
         return false;
@@ -245,7 +246,7 @@ LRESULT ListBoxPeer::OnSelectString(WPARAM after, LPARAM text)
     if (found == LB_ERR)
         return LB_ERR;
     if (IsMultiple())
-        SelectRange(static_cast<int>(found), static_cast<int>(found), true);
+        OnSetSel(TRUE, found);
     else
         SelectOne(static_cast<int>(found));
     return found;
@@ -256,6 +257,7 @@ void ListBoxPeer::SelectOne(int index)
     const bool outer = std::exchange(m_quiet, true);
     m_list->clearSelection();
     m_list->setCurrentRow(index);
+    m_anchor = index;
     m_quiet = outer;
 }
 
@@ -422,6 +424,20 @@ LRESULT ListBoxPeer::OnKeyDown(WPARAM key, LPARAM)
 {
     if (std::find(kListKeys.begin(), kListKeys.end(), key) != kListKeys.end())
         PressKey(*m_list, key);
+    return 0;
+}
+
+// Shows whole items only.
+LRESULT ListBoxPeer::OnSize(WPARAM, LPARAM size)
+{
+    const int inside = static_cast<short>(HIWORD(size));
+    const int excess = inside % std::max(static_cast<int>(OnGetItemHeight(0, 0)), 1);
+    if (Style() & LBS_NOINTEGRALHEIGHT || excess == inside || !excess)
+        return 0;
+    RECT place;
+    GetWindowRect(Window(), &place);
+    SetWindowPos(Window(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top - excess,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     return 0;
 }
 

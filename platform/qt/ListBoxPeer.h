@@ -1,7 +1,6 @@
 // List boxes: one choice, several, or a range.
 //
-// Differs: the height is not rounded to whole items, whatever LBS_NOINTEGRALHEIGHT says; one column; owner
-// drawn lists show their texts.
+// Differs: one column; owner-drawn lists show their texts.
 #pragma once
 
 #include "Items.h"
@@ -65,6 +64,7 @@ private:
     LRESULT OnSetFocus(WPARAM, LPARAM);
     LRESULT OnKillFocus(WPARAM, LPARAM);
     LRESULT OnKeyDown(WPARAM key, LPARAM);
+    LRESULT OnSize(WPARAM, LPARAM size);
     LRESULT OnChar(WPARAM character, LPARAM);
 
     Items m_items;

@@ -57,7 +57,6 @@ public:
     }
 
     void Drop(bool) override {}
-    bool IsDropped() const override { return true; }
     void SetRowsShown(int) override {}
     void PressKey(WPARAM key) override { ::PressKey(m_list, key); }
     void Search(const QString&) override {} // typing goes to the text field

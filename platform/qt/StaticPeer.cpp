@@ -190,7 +190,15 @@ LRESULT StaticPeer::OnSetIcon(WPARAM icon, LPARAM)
         return 0;
     const HICON before = std::exchange(m_icon, reinterpret_cast<HICON>(icon));
     Repaint();
+    if (m_icon && !(Style() & (SS_CENTERIMAGE | SS_REALSIZECONTROL)))
+        TakeIconSize();
     return reinterpret_cast<LRESULT>(before);
+}
+
+void StaticPeer::TakeIconSize()
+{
+    const int side = kIconSize + 2 * BorderWidth(Style(), ExStyle());
+    SetWindowPos(Window(), nullptr, 0, 0, side, side, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT StaticPeer::OnSetImage(WPARAM kind, LPARAM image)

@@ -18,6 +18,7 @@ private:
     DWORD Type() const { return Style() & SS_TYPEMASK; }
     void ApplyEnabled(bool enabled) override;
     void ApplyMouse();
+    void TakeIconSize();
     void Told(WORD code);
     LRESULT OnSetIcon(WPARAM icon, LPARAM);
     LRESULT OnGetIcon(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(m_icon); }

@@ -95,6 +95,7 @@ public:
     void SetPassword(bool) override {} // only a line hides its text
     bool CanUndo() const override { return m_edit.document()->isUndoAvailable(); }
     void Undo() override { m_edit.undo(); }
+    void Redo() override { m_edit.redo(); }
     void ForgetUndo() override { m_edit.document()->clearUndoRedoStacks(); }
     void ScrollToCaret() override { m_edit.ensureCursorVisible(); }
 
