@@ -52,6 +52,8 @@ function(zek_configure_library)
     target_link_libraries(ZEK_lib PUBLIC ole32 oleaut32 uuid)
     target_compile_definitions(ZEK_lib INTERFACE NOMINMAX)
   else()
+    # Calls within the library need no look-up by name when a program starts.
+    target_link_options(ZEK_lib PRIVATE -Wl,-Bsymbolic-functions)
     target_include_directories(ZEK_lib PUBLIC
       $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/winapi/include>
       $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ZEK_lib/winapi>)

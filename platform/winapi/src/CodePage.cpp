@@ -45,17 +45,19 @@ UINT CodePageOfCodeset(std::string_view codeset)
     return found == std::end(kCodesets) ? CP_UTF8 : found->codePage;
 }
 
-// A locale that is not installed still tells its codeset in its name.
+// Most names tell the codeset; looking a locale up takes longer than a small program's whole start.
 UINT CodePageOfEnvironment()
 {
     const std::string name = EnvironmentLocale("LC_CTYPE");
-    if (const locale_t locale = newlocale(LC_CTYPE_MASK, name.c_str(), nullptr)) {
-        const UINT codePage = CodePageOfCodeset(nl_langinfo_l(CODESET, locale));
-        freelocale(locale);
-        return codePage;
-    }
     const auto dot = name.find('.');
-    return dot == std::string::npos ? CP_UTF8 : CodePageOfCodeset(name.substr(dot, name.find('@') - dot));
+    if (dot != std::string::npos)
+        return CodePageOfCodeset(name.substr(dot, name.find('@') - dot));
+    const locale_t locale = name == "C" ? locale_t{} : newlocale(LC_CTYPE_MASK, name.c_str(), nullptr);
+    if (!locale)
+        return CP_UTF8;
+    const UINT codePage = CodePageOfCodeset(nl_langinfo_l(CODESET, locale));
+    freelocale(locale);
+    return codePage;
 }
 
 LeadTable MakeLeadTable(UINT codePage)

@@ -1,5 +1,6 @@
 #include "CodePage.h"
 #include "Error.h"
+#include "ModuleAt.h"
 #include "ModuleLoad.h"
 #include "ModuleSearch.h"
 
@@ -69,14 +70,6 @@ const link_map* MapOf(HMODULE module)
         if (FromMap(map) == module)
             return map;
     return nullptr;
-}
-
-const link_map* OwnMap()
-{
-    Dl_info info;
-    link_map* map = nullptr;
-    dladdr1(kSystemModules.data(), &info, reinterpret_cast<void**>(&map), RTLD_DL_LINKMAP);
-    return map;
 }
 
 bool IsSystemModule(const std::string& name)
@@ -178,10 +171,7 @@ void* OwnSymbol(const link_map& map, LPCSTR name)
     void* symbol = handle ? dlsym(handle, name) : nullptr;
     if (handle)
         dlclose(handle);
-    Dl_info info;
-    link_map* owner = nullptr;
-    const bool known = symbol && dladdr1(symbol, &info, reinterpret_cast<void**>(&owner), RTLD_DL_LINKMAP);
-    return known && owner == &map ? symbol : nullptr;
+    return symbol && ModuleAt(symbol) == FromMap(&map) ? symbol : nullptr;
 }
 
 DWORD AnswerTruncated(const std::string& text, LPSTR buffer, DWORD size)
@@ -209,7 +199,7 @@ HMODULE WINAPI LoadLibraryExA(LPCSTR name, HANDLE file, DWORD flags)
     if (flags & (DONT_RESOLVE_DLL_REFERENCES | LOAD_LIBRARY_AS_DATAFILE))
         return Fail(ERROR_NOT_SUPPORTED), nullptr;
     if (name && IsSystemModule(name))
-        return FromMap(OwnMap());
+        return ModuleAt(kSystemModules.data());
     return LoadFirst(ModuleCandidates(name, flags));
 }
 
@@ -229,7 +219,7 @@ HMODULE WINAPI GetModuleHandleA(LPCSTR name)
 {
     if (!name)
         return FromMap(FirstMap());
-    const HMODULE module = IsSystemModule(name) ? FromMap(OwnMap()) : FindMapped(name);
+    const HMODULE module = IsSystemModule(name) ? ModuleAt(kSystemModules.data()) : FindMapped(name);
     if (!module)
         SetLastError(ERROR_MOD_NOT_FOUND);
     return module;

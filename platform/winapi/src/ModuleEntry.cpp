@@ -1,9 +1,8 @@
+#include "ModuleAt.h"
 #include "ModuleLoad.h"
 
 #include <winbase.h>
 #include <zekmodule.h>
-
-#include <dlfcn.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -11,14 +10,6 @@
 namespace {
 
 thread_local constinit ModuleLoad* t_load = nullptr;
-
-HMODULE ModuleAt(const void* address)
-{
-    dl_find_object found{};
-    if (_dl_find_object(const_cast<void*>(address), &found) != 0)
-        return nullptr;
-    return reinterpret_cast<HMODULE>(found.dlfo_link_map);
-}
 
 // As on Windows a program does not start when a library that it needs refuses to.
 [[noreturn]] void EndProcess()

@@ -203,7 +203,7 @@ TEST(AdapterBoxes, WithoutAHookTheDefaultButtonAnswers)
 std::string Output(const std::string& before, const std::string& task)
 {
     const std::string command = before + " '" + ProgramFolder() + "/winapi_child' " + task;
-    std::string answer(64, 0);
+    std::string answer(4096, 0);
     FILE* pipe = popen(command.c_str(), "r");
     answer.resize(std::fread(answer.data(), 1, answer.size(), pipe));
     pclose(pipe);
@@ -232,6 +232,18 @@ TEST(AdapterLocale, CodePageAndLanguageComeFromTheEnvironment)
                          "locale"),
                   row.answer);
     }
+}
+
+// A host that only computes pays for no window and no registry.
+TEST(AdapterStart, LoadsNothingThatIsNotUsed)
+{
+    const std::string plain = Output("", "add"), asking = Output("", "ask");
+    EXPECT_NE(plain.find("libZEK_lib.so"), std::string::npos) << plain;
+    for (const char* library :
+         {"Qt", "zek_windows", "sqlite", "zek_officeserver", "libX11", "locale-archive"})
+        EXPECT_EQ(plain.find(library), std::string::npos) << plain;
+    EXPECT_NE(asking.find("sqlite"), std::string::npos) << asking;
+    EXPECT_EQ(asking.find("Qt"), std::string::npos) << asking;
 }
 
 TEST(AdapterProfile, WritersOfTwoProcessesLoseNothing)

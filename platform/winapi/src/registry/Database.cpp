@@ -2,11 +2,11 @@
 
 #include "PrivateFile.h"
 #include "Schema.h"
+#include "Sqlite.h"
 
 #include <winerror.h>
 
 #include <cerrno>
-#include <sqlite3.h>
 #include <unistd.h>
 
 namespace {
@@ -37,9 +37,16 @@ constexpr std::array<const char*, static_cast<std::size_t>(Query::Count)> kTexts
     "PRAGMA wal_checkpoint(FULL)",
 };
 
+// Of an open database, or one that is being opened.
+const Sqlite& Sql()
+{
+    static const Sqlite& functions = *LoadSqlite();
+    return functions;
+}
+
 LONG Execute(sqlite3* db, const char* text)
 {
-    return ErrorFromResult(sqlite3_exec(db, text, nullptr, nullptr, nullptr));
+    return ErrorFromResult(Sql().exec(db, text, nullptr, nullptr, nullptr));
 }
 
 bool CannotBeWritten(int error)
@@ -91,10 +98,12 @@ LONG Database::Open(const std::string& path)
 
 LONG Database::Connect(const std::string& path, int flags)
 {
+    if (!LoadSqlite())
+        return ERROR_MOD_NOT_FOUND;
     flags |= SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_NOFOLLOW;
-    const int result = sqlite3_open_v2(path.c_str(), &m_db, flags, nullptr);
+    const int result = Sql().open_v2(path.c_str(), &m_db, flags, nullptr);
     if (result == SQLITE_OK)
-        sqlite3_busy_timeout(m_db, kBusyMilliseconds);
+        Sql().busy_timeout(m_db, kBusyMilliseconds);
     return ErrorFromResult(result);
 }
 
@@ -126,10 +135,10 @@ int Database::SchemaVersion()
 {
     int version = 0;
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(m_db, "PRAGMA user_version", -1, &statement, nullptr) == SQLITE_OK &&
-        sqlite3_step(statement) == SQLITE_ROW)
-        version = sqlite3_column_int(statement, 0);
-    sqlite3_finalize(statement);
+    if (Sql().prepare_v2(m_db, "PRAGMA user_version", -1, &statement, nullptr) == SQLITE_OK &&
+        Sql().step(statement) == SQLITE_ROW)
+        version = Sql().column_int(statement, 0);
+    Sql().finalize(statement);
     return version;
 }
 
@@ -153,11 +162,13 @@ LONG Database::CreateSchema()
 
 void Database::Close()
 {
+    if (!m_db)
+        return;
     for (sqlite3_stmt*& statement : m_statements) {
-        sqlite3_finalize(statement);
+        Sql().finalize(statement);
         statement = nullptr;
     }
-    sqlite3_close(m_db);
+    Sql().close(m_db);
     m_db = nullptr;
 }
 
@@ -174,27 +185,28 @@ LONG Database::Run(Query query)
 
 int Database::RowsChanged() const
 {
-    return sqlite3_changes(m_db);
+    return Sql().changes(m_db);
 }
 
 sqlite3_stmt* Database::Prepared(Query query)
 {
     const auto index = static_cast<std::size_t>(query);
     if (!m_statements[index] && m_db)
-        sqlite3_prepare_v3(m_db, kTexts[index], -1, SQLITE_PREPARE_PERSISTENT, &m_statements[index], nullptr);
+        Sql().prepare_v3(m_db, kTexts[index], -1, SQLITE_PREPARE_PERSISTENT, &m_statements[index], nullptr);
     return m_statements[index];
 }
 
 Statement::Statement(Database& database, Query query)
-    : m_statement(database.Prepared(query)),
-      m_result(m_statement ? SQLITE_OK : sqlite3_errcode(database.m_db))
+    : m_statement(database.Prepared(query)), m_result(m_statement ? SQLITE_OK : Sql().errcode(database.m_db))
 {
 }
 
 Statement::~Statement()
 {
-    sqlite3_reset(m_statement);
-    sqlite3_clear_bindings(m_statement);
+    if (!m_statement)
+        return;
+    Sql().reset(m_statement);
+    Sql().clear_bindings(m_statement);
 }
 
 Statement& Statement::Bind(std::string_view bytes)
@@ -202,14 +214,14 @@ Statement& Statement::Bind(std::string_view bytes)
     // A null pointer would bind NULL.
     const char* data = bytes.empty() ? "" : bytes.data();
     if (m_statement && ErrorFromResult(m_result) == ERROR_SUCCESS)
-        m_result = sqlite3_bind_blob64(m_statement, ++m_bound, data, bytes.size(), SQLITE_STATIC);
+        m_result = Sql().bind_blob64(m_statement, ++m_bound, data, bytes.size(), SQLITE_STATIC);
     return *this;
 }
 
 Statement& Statement::Bind(std::int64_t number)
 {
     if (m_statement && ErrorFromResult(m_result) == ERROR_SUCCESS)
-        m_result = sqlite3_bind_int64(m_statement, ++m_bound, number);
+        m_result = Sql().bind_int64(m_statement, ++m_bound, number);
     return *this;
 }
 
@@ -217,7 +229,7 @@ bool Statement::Next()
 {
     if (!m_statement || Error() != ERROR_SUCCESS)
         return false;
-    m_result = sqlite3_step(m_statement);
+    m_result = Sql().step(m_statement);
     return m_result == SQLITE_ROW;
 }
 
@@ -235,18 +247,18 @@ LONG Statement::Error() const
 
 std::string_view Statement::Bytes(int column) const
 {
-    const void* data = sqlite3_column_blob(m_statement, column);
-    const int size = sqlite3_column_bytes(m_statement, column);
+    const void* data = Sql().column_blob(m_statement, column);
+    const int size = Sql().column_bytes(m_statement, column);
     return data ? std::string_view(static_cast<const char*>(data), static_cast<std::size_t>(size))
                 : std::string_view();
 }
 
 bool Statement::IsNull(int column) const
 {
-    return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
+    return Sql().column_type(m_statement, column) == SQLITE_NULL;
 }
 
 std::int64_t Statement::Number(int column) const
 {
-    return sqlite3_column_int64(m_statement, column);
+    return Sql().column_int64(m_statement, column);
 }

@@ -1,13 +1,11 @@
 #include "Resources.h"
 
 #include "../Error.h"
+#include "../ModuleAt.h"
 #include "ResourceFile.h"
 
 #include <winnls.h>
 #include <zekresources.h>
-
-#include <dlfcn.h>
-#include <link.h>
 
 #include <algorithm>
 #include <iterator>
@@ -30,14 +28,6 @@ CompiledFiles& Compiled()
 {
     static CompiledFiles& compiled = *new CompiledFiles;
     return compiled;
-}
-
-HMODULE ModuleAt(const void* address)
-{
-    Dl_info info;
-    link_map* map = nullptr;
-    dladdr1(address, &info, reinterpret_cast<void**>(&map), RTLD_DL_LINKMAP);
-    return reinterpret_cast<HMODULE>(map);
 }
 
 WORD Primary(WORD language)

@@ -1,0 +1,4 @@
+// The peers of Host.cpp: a program that does nothing.
+int main()
+{
+}
