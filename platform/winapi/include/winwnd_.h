@@ -87,7 +87,8 @@ WINBASEAPI ATOM WINAPI RegisterClassExA(const WNDCLASSEXA* description);
 // Fails with ERROR_CLASS_DOES_NOT_EXIST, and with ERROR_CLASS_HAS_WINDOWS while there are any.
 WINBASEAPI BOOL WINAPI UnregisterClassA(LPCSTR name, HINSTANCE instance);
 #define UnregisterClass UnregisterClassA
-// Fail with ERROR_CLASS_DOES_NOT_EXIST. The name answered is the caller's own pointer.
+// A null `instance` means the classes that are there for everybody. Fail with ERROR_CLASS_DOES_NOT_EXIST. The
+// name answered is the caller's own pointer.
 WINBASEAPI BOOL WINAPI GetClassInfoA(HINSTANCE instance, LPCSTR name, WNDCLASSA* description);
 #define GetClassInfo GetClassInfoA
 WINBASEAPI BOOL WINAPI GetClassInfoExA(HINSTANCE instance, LPCSTR name, WNDCLASSEXA* description);
@@ -116,7 +117,7 @@ using LPCREATESTRUCT = CREATESTRUCTA*;
 using LPCREATESTRUCTA = CREATESTRUCTA*;
 
 // `menu` is a child's identifier and must be null otherwise.
-// Fails with ERROR_CANNOT_FIND_WND_CLASS (ERROR_CLASS_DOES_NOT_EXIST for an atom), ERROR_TLW_WITH_WSCHILD,
+// Fails with ERROR_CANNOT_FIND_WND_CLASS, ERROR_TLW_WITH_WSCHILD,
 // ERROR_INVALID_WINDOW_HANDLE, with the error that WM_NCCREATE or WM_CREATE leave when they refuse;
 // ERROR_NOT_SUPPORTED when it would need a display and there is none, ERROR_ACCESS_DENIED on a thread that is
 // not the user interface's.
@@ -431,9 +432,9 @@ WINBASEAPI SHORT WINAPI GetKeyState(int key);
 #define USER_TIMER_MINIMUM 0x0000000A
 #define USER_TIMER_MAXIMUM 0x7FFFFFFF
 
-// The timer's number. With a window it is `id`, and a timer of that number starts anew; without one a free
-// number is chosen, 32767 downwards, unless `id` is a running timer's. The period is at least 10 ms. Timers
-// end with their window and thread. Fails with ERROR_ACCESS_DENIED for another thread's window.
+// The timer's number, never 0. With a window it is `id`, and a timer of that number starts anew; without one
+// a free number is chosen, 32767 downwards, unless `id` is a running timer's. The period is at least 10 ms.
+// Timers end with their window and thread.
 WINBASEAPI UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC callback);
 WINBASEAPI BOOL WINAPI KillTimer(HWND window, UINT_PTR id);
 

@@ -3,9 +3,11 @@
 #include "../ModuleSearch.h"
 
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <bit>
+#include <cstdio>
 #include <cstdlib>
 
 namespace {
@@ -18,10 +20,14 @@ std::atomic<DWORD> uiThread{0};
 // Never unloaded: the toolkit's objects live to the process's end.
 WindowBackend* Load()
 {
-    void* module = dlopen((LibraryFolder() + kModule).c_str(), RTLD_NOW | RTLD_LOCAL);
+    const std::string path = LibraryFolder() + kModule;
+    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* symbol = module ? dlsym(module, kCreateWindowBackend) : nullptr;
-    if (!symbol)
+    if (!symbol) {
+        if (access(path.c_str(), F_OK) == 0) // it is there, so windows are expected
+            std::fprintf(stderr, "%s\n", dlerror());
         return nullptr;
+    }
     return std::bit_cast<ZekCreateWindowBackendFunc*>(symbol)(&TheEvents());
 }
 

@@ -152,7 +152,7 @@ bool Announce(const WindowRef& window, const CREATESTRUCTA& create)
 {
     const auto data = reinterpret_cast<LPARAM>(&create);
     if (!SendMessageA(window->handle, WM_NCCREATE, 0, data))
-        return DropWindow(window), false;
+        return FreeWindow(window), false;
     if (!IsAlive(window))
         return false;
     const LRESULT answer = SendMessageA(window->handle, WM_CREATE, 0, data);

@@ -57,18 +57,27 @@ public:
     // WM_QUIT stays for a loop of the adapter's own.
     void DispatchQueued() override
     {
-        MSG message;
         MessageQueue& queue = *ThisQueue();
+        int count = 0;
+        while (count < kMostAtOnce && DispatchOne(queue))
+            ++count;
+        if (count == kMostAtOnce)
+            Backend()->Wake();
+        else
+            queue.ArmToolkit();
+    }
+
+private:
+    static bool DispatchOne(MessageQueue& queue)
+    {
+        MSG message;
         queue.DeliverSent();
-        for (int i = 0; i < kMostAtOnce && queue.Take({}, false, message) && message.message != WM_QUIT;
-             ++i) {
-            queue.Take({}, true, message);
-            TranslateMessage(&message);
-            DispatchMessageA(&message);
-            queue.DeliverSent();
-        }
-        if (HIWORD(queue.Status(QS_ALLINPUT)))
-            Backend()->WakeAfter(0);
+        if (!queue.Take({}, false, message) || message.message == WM_QUIT)
+            return false;
+        queue.Take({}, true, message);
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+        return true;
     }
 };
 

@@ -95,6 +95,8 @@ public:
 
     UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC callback);
     bool KillTimer(HWND window, UINT_PTR id);
+    // Tells the toolkit when the next timer is due. Own thread; with the lock held or nobody else about.
+    void ArmToolkit();
     // Whether a running timer calls that.
     bool HasTimer(TIMERPROC callback);
 
@@ -119,7 +121,6 @@ private:
     void RememberKey(const PostedMessage& key);
     UINT_PTR FreeTimerId() const;
     Timer* FindTimer(HWND window, UINT_PTR id);
-    void ArmToolkit();
 
     const DWORD m_thread;
     mutable std::mutex m_mutex;

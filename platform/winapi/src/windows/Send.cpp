@@ -166,11 +166,10 @@ LRESULT WINAPI SendMessageTimeoutA(HWND window, UINT message, WPARAM wParam, LPA
     const Call call{window, message, wParam, lParam};
     if (IsBroadcast(window))
         return Broadcast(call, milliseconds);
-    if (!Send(call, milliseconds, result))
-        return FALSE;
+    const bool sent = Send(call, milliseconds, result);
     if (answer)
         *answer = static_cast<DWORD_PTR>(result);
-    return TRUE;
+    return sent;
 }
 
 BOOL WINAPI InSendMessage()

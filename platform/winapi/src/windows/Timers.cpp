@@ -105,20 +105,34 @@ DWORD MessageQueue::MillisecondsToWait(const MessageFilter& filter) const
 // The toolkit's own loop, where a host runs it, must know when to look here again.
 void MessageQueue::ArmToolkit()
 {
-    if (UiThread() == m_thread)
+    if (UiThread() == m_thread && m_thread == GetCurrentThreadId())
         Backend()->WakeAfter(MillisecondsToWait({}));
 }
 
+namespace {
+
+// A window's timers belong to its thread, whoever sets them.
+std::shared_ptr<MessageQueue> TimerQueue(HWND handle)
+{
+    if (!handle)
+        return ThisQueue();
+    const WindowRef window = WindowOf(handle);
+    return window ? QueueOf(window->thread) : nullptr;
+}
+
+} // namespace
+
 UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC callback)
 {
-    if (window && !OwnWindowOf(window))
+    const auto queue = TimerQueue(window);
+    if (!queue)
         return 0;
-    return ThisQueue()->SetTimer(window, id, milliseconds, callback);
+    const UINT_PTR given = queue->SetTimer(window, id, milliseconds, callback);
+    return given ? given : 1; // a window may number a timer 0
 }
 
 BOOL WINAPI KillTimer(HWND window, UINT_PTR id)
 {
-    if (window && !OwnWindowOf(window))
-        return FALSE;
-    return ThisQueue()->KillTimer(window, id) || Fail(ERROR_INVALID_PARAMETER);
+    const auto queue = TimerQueue(window);
+    return queue && (queue->KillTimer(window, id) || Fail(ERROR_INVALID_PARAMETER));
 }

@@ -7,6 +7,7 @@
 
 namespace {
 
+constexpr DWORD kSystemThread = 4; // has the roots; nobody's
 constexpr ULONG_PTR kFirstHandle = 0x10010, kHandleStep = 2, kLastHandle = 0x7ffffffe;
 
 struct Table {
@@ -35,6 +36,7 @@ HWND NextHandle(Table& table)
 WindowRef MakeRoot()
 {
     auto root = std::make_shared<Window>();
+    root->thread = kSystemThread;
     root->style = WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
     AddWindow(root);
     return root;
@@ -82,9 +84,10 @@ void RemoveWindow(Window& window)
         std::erase(window.parent->children, &window);
     for (Window* child : window.children)
         child->parent = nullptr;
-    for (const auto& [handle, other] : Windows().windows)
-        if (other->owner == &window)
-            other->owner = nullptr;
+    for (const WindowRef& root : {Desktop(), MessageRoot()})
+        for (Window* other : root->children)
+            if (other->owner == &window)
+                other->owner = nullptr;
     window.parent = window.owner = nullptr;
     window.children.clear();
     Windows().windows.erase(window.handle);

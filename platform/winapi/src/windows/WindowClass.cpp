@@ -57,6 +57,14 @@ Key KeyOf(const WindowClass& kind)
     return {kind.atom, description.style & CS_GLOBALCLASS ? kEverywhere : description.hInstance};
 }
 
+std::shared_ptr<const WindowClass> ExactClass(LPCSTR name, HINSTANCE owner)
+{
+    Classes& classes = TheClasses(); // its making gives atoms
+    const std::lock_guard lock(classes.mutex);
+    const auto found = classes.registered.find({KnownAtom(name), owner});
+    return found == classes.registered.end() ? nullptr : found->second;
+}
+
 bool HasWindows(const WindowClass& kind, const Window& below)
 {
     for (const Window* child : below.children)
@@ -75,15 +83,8 @@ bool HasWindows(const WindowClass& kind)
 
 std::shared_ptr<const WindowClass> ClassOf(LPCSTR name, HINSTANCE instance)
 {
-    Classes& classes = TheClasses(); // its making gives atoms
-    const ATOM atom = KnownAtom(name);
-    const std::lock_guard lock(classes.mutex);
-    for (const HINSTANCE owner : {OrProgram(instance), kEverywhere}) {
-        const auto found = classes.registered.find({atom, owner});
-        if (found != classes.registered.end())
-            return found->second;
-    }
-    return nullptr;
+    const auto own = ExactClass(name, OrProgram(instance));
+    return own ? own : ExactClass(name, kEverywhere);
 }
 
 ATOM WINAPI RegisterClassA(const WNDCLASSA* description)
@@ -138,7 +139,7 @@ BOOL WINAPI GetClassInfoExA(HINSTANCE instance, LPCSTR name, WNDCLASSEXA* descri
 {
     if (!name || !description)
         return Fail(ERROR_INVALID_PARAMETER);
-    const auto kind = ClassOf(name, instance);
+    const auto kind = instance ? ClassOf(name, instance) : ExactClass(name, kEverywhere);
     if (!kind)
         return Fail(ERROR_CLASS_DOES_NOT_EXIST);
     const UINT size = description->cbSize;
