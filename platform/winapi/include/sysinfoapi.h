@@ -50,5 +50,6 @@ WINBASEAPI BOOL WINAPI GetVersionExA(LPOSVERSIONINFOA information);
 #define GetVersionEx GetVersionExA
 
 // Waits `milliseconds` and answers TRUE; FALSE with ERROR_INVALID_PARAMETER, at once, for a frequency outside
-// 37 to 32767 Hz. Differs: silent.
+// 37 to 32767 Hz. Differs: the bell that MessageBeep rings (winuser.h), whatever
+// the frequency.
 WINBASEAPI BOOL WINAPI Beep(DWORD frequency, DWORD milliseconds);

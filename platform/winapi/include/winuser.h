@@ -46,7 +46,8 @@
 // on standard error and answers the default button.
 WINBASEAPI int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT style);
 #define MessageBox MessageBoxA
-// Differs: silent.
+// Plays and returns at once. Differs: always the desktop's bell, rung by the user-interface thread of a program
+// that has shown a window or box, silent elsewhere.
 WINBASEAPI BOOL WINAPI MessageBeep(UINT type);
 
 // The next and the previous character; at the text's end or start that place itself.

@@ -54,8 +54,3 @@ int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT style)
         return Fail(ERROR_INVALID_MSGBOX_STYLE);
     return boxHook.load()(owner, text, caption ? caption : "Error", style);
 }
-
-BOOL WINAPI MessageBeep(UINT)
-{
-    return TRUE;
-}
