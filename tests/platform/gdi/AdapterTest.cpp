@@ -1,5 +1,5 @@
 // What only this adapter promises, or what Wine does otherwise than documented.
-#include "MemoryContext.h"
+#include "RandomMappings.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +24,14 @@ TEST(GdiAdapter, PointsThatDoNotFitStay)
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ARITHMETIC_OVERFLOW));
 }
 
+TEST(GdiAdapter, MappingIsExactAlsoForLargeNumbers)
+{
+    ForRandomMappings({.leastExtent = 1, .mostExtent = 3000, .mostCoordinate = 100000},
+                      [](const MappedNumber& number) {
+                          EXPECT_LE(number.TwiceTheError(), number.Divisor()) << number.result;
+                      });
+}
+
 TEST(GdiAdapter, HalvesAreExactWithAnyScale)
 {
     const MemoryContext dc;
@@ -41,6 +49,13 @@ TEST(GdiAdapter, BeepRefusesWhatNobodyHears)
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
     }
     EXPECT_TRUE(Beep(37, 0) && Beep(32767, 0));
+}
+
+TEST(GdiAdapter, BeepTakesItsTime)
+{
+    const ULONGLONG start = GetTickCount64();
+    EXPECT_TRUE(Beep(1200, 30));
+    EXPECT_GE(GetTickCount64() - start, 29u);
 }
 
 TEST(GdiAdapter, CursorsOfModulesAreNotOffered)

@@ -81,7 +81,7 @@ TEST(Extent, IsAsHighAsTheLine)
         EXPECT_GE(metrics.tmMaxCharWidth, metrics.tmAveCharWidth);
         EXPECT_EQ(metrics.tmDigitizedAspectX, 96);
         // A negative height is that of the characters, a positive one that of the line.
-        EXPECT_TRUE(height < 0 ? metrics.tmHeight >= -height : metrics.tmHeight <= height);
+        EXPECT_TRUE(height < 0 ? metrics.tmHeight >= -height : metrics.tmHeight <= height + 1);
         SelectObject(dc, GetStockObject(SYSTEM_FONT));
         EXPECT_TRUE(DeleteObject(font));
     }

@@ -1,11 +1,10 @@
 // Mapping modes, extents and origins, and what they do to coordinates.
-#include "MemoryContext.h"
+#include "RandomMappings.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdlib>
-#include <random>
 
 namespace {
 
@@ -184,42 +183,13 @@ TEST(Mapping, HalvesAreRoundedUpwards)
     }
 }
 
-// Whether `result` is the whole number nearest to numerator / denominator, either one of two halves.
-bool IsNearest(LONGLONG result, LONGLONG numerator, LONGLONG denominator)
-{
-    return 2 * std::llabs(result * denominator - numerator) <= std::llabs(denominator);
-}
-
+// Windows reckons in short floating-point numbers, so near halves a hair is allowed.
 TEST(Mapping, IsTheNearestWholeNumber)
 {
-    const MemoryContext dc;
-    std::mt19937 random(8);
-    const auto number = [&random](int most) {
-        return static_cast<LONG>(random() % static_cast<unsigned>(2 * most + 1)) - most;
-    };
-    const auto extent = [&number] {
-        const LONG value = number(3000);
-        return value ? value : 1;
-    };
-    for (int i = 0; i < 2000; ++i) {
-        const SIZE window = {extent(), extent()}, viewport = {extent(), extent()};
-        const POINT windowOrigin = {number(20000), number(20000)},
-                    viewportOrigin = {number(20000), number(20000)};
-        const POINT from = {number(100000), number(100000)};
-        dc.Scale(window, viewport);
-        SetWindowOrgEx(dc, windowOrigin.x, windowOrigin.y, nullptr);
-        SetViewportOrgEx(dc, viewportOrigin.x, viewportOrigin.y, nullptr);
-        POINT device = from, logical = from;
-        ASSERT_TRUE(LPtoDP(dc, &device, 1) && DPtoLP(dc, &logical, 1));
-        EXPECT_TRUE(IsNearest(device.x - viewportOrigin.x, LONGLONG{from.x - windowOrigin.x} * viewport.cx,
-                              window.cx));
-        EXPECT_TRUE(IsNearest(device.y - viewportOrigin.y, LONGLONG{from.y - windowOrigin.y} * viewport.cy,
-                              window.cy));
-        EXPECT_TRUE(IsNearest(logical.x - windowOrigin.x, LONGLONG{from.x - viewportOrigin.x} * window.cx,
-                              viewport.cx));
-        EXPECT_TRUE(IsNearest(logical.y - windowOrigin.y, LONGLONG{from.y - viewportOrigin.y} * window.cy,
-                              viewport.cy));
-    }
+    ForRandomMappings({.leastExtent = 100, .mostExtent = 3000, .mostCoordinate = 500},
+                      [](const MappedNumber& number) {
+                          EXPECT_LE(number.TwiceTheError(), 1.02 * number.Divisor()) << number.result;
+                      });
 }
 
 TEST(Mapping, ConvertsAsManyPointsAsAreAsked)

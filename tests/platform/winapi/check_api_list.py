@@ -10,8 +10,8 @@ import sys
 
 # A host program is a caller that is not in this tree.
 HOSTS = "hosts"
-# Declared ahead of the functions behind them, which are being built: dialogs and device contexts.
-AHEAD = {"windlg_.h", "wingdi.h", "windc_.h"}
+# Declared ahead of the functions behind them, which are being built: dialogs.
+AHEAD = {"windlg_.h"}
 DECLARATION = re.compile(r"^WINBASEAPI\b[^;{(]*?\b(\w+)\s*\(", re.M)
 
 
