@@ -2,6 +2,7 @@
 #include "SpecialChar.h"
 
 #include <LocaleLib.h>
+#include <afxwin.h>
 
 #include <algorithm>
 #include <iterator>
@@ -42,6 +43,29 @@ constexpr Symbol kSymbols[] = {
 };
 // clang-format on
 
+CString TextOf(HWND window)
+{
+    CString text;
+    const int room = ::GetWindowTextLengthA(window); // an upper bound where characters are double-byte
+    const int length = ::GetWindowTextA(window, text.GetBuffer(room), room + 1);
+    text.ReleaseBuffer(length);
+    return text;
+}
+
+template <class... TEXTS>
+int FillCaption(const CWnd* window, int id, const TEXTS&... texts)
+{
+    if (!window || !::IsWindow(window->m_hWnd))
+        return 0;
+    const HWND control = ::GetDlgItem(window->m_hWnd, id);
+    if (!control)
+        return 0;
+    CString filled;
+    filled.Format(TextOf(control), texts...);
+    ::SetWindowTextA(control, filled);
+    return 1;
+}
+
 } // namespace
 
 CSpecialChar::~CSpecialChar() = default;
@@ -53,4 +77,14 @@ int CSpecialChar::InitSpecialChar()
     for (const Symbol& symbol : kSymbols)
         *symbol.member = symbol.texts[column - std::begin(kLocales)];
     return 1;
+}
+
+int CSpecialChar::FillWindowChar(CWnd* pWnd, int nID, const CString& str1)
+{
+    return FillCaption(pWnd, nID, str1);
+}
+
+int CSpecialChar::FillWindowChar(CWnd* pWnd, int nID, const CString& str1, const CString& str2)
+{
+    return FillCaption(pWnd, nID, str1, str2);
 }

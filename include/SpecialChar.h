@@ -1,6 +1,6 @@
 // The special characters of engineering labels, as the user's code page can show them.
 //
-//   CString unit = "m" + CSpecialChar::m_cs2Square;
+//   CSpecialChar::FillWindowChar(&dialog, IDC_AREA, CSpecialChar::m_cs2Square);   // "Area (m%s)"
 //
 // Each symbol is one character of the code page that goes with CLocaleLib::csLocale ("0412" 949, "0411" 932,
 // "0804" 936), or a word or sign in plain letters where that page has none or the language is another. They
@@ -9,6 +9,8 @@
 #pragma once
 
 #include <afx.h>
+
+class CWnd;
 
 class AFX_EXT_CLASS CSpecialChar
 {
@@ -39,6 +41,12 @@ public:
     static CString m_csGammaC; // the capital
     static CString m_csEta;
     static int m_bInit; // 1 once the symbols are set
+
+    // Fills the texts into the caption of the child nID, which is a format with a %s for each, and answers 1;
+    // 0 when there is no such window. What else stands in the caption behind a '%' and needs another
+    // argument, or one more, stays as it is written.
+    static int FillWindowChar(CWnd* pWnd, int nID, const CString& str1);
+    static int FillWindowChar(CWnd* pWnd, int nID, const CString& str1, const CString& str2);
 
 protected:
     // Sets the symbols for CLocaleLib::csLocale as it is now. Always 1.
