@@ -48,7 +48,7 @@ AFX_CORE_API void AFXAPI DDX_Text(CDataExchange* exchange, int id, double& value
 // The common part of the next.
 AFX_CORE_API LONGLONG AFXAPI AfxExchangeNumber(CDataExchange* exchange, int id, LONGLONG value, LONGLONG low,
                                                LONGLONG high);
-// A whole number: signed, or unsigned of up to 32 bits.
+// A whole number: signed, or unsigned of up to 32 bits; no character.
 template <class Number>
 requires(std::signed_integral<Number> ||
          (std::unsigned_integral<Number> && sizeof(Number) <= sizeof(DWORD))) void AFXAPI

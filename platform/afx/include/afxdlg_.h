@@ -76,6 +76,7 @@ private:
     LRESULT OnWmInitDialog(WPARAM wParam, LPARAM lParam);
     LRESULT OnWmSetFont(WPARAM wParam, LPARAM lParam);
     void RunModal(LPCDLGTEMPLATEA shape, HWND owner, HINSTANCE module);
+    void EndModal(HWND owner, bool wasEnabled);
 
     CString m_nameCopy;
     bool m_autoCenter = false;

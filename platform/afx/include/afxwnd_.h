@@ -249,7 +249,6 @@ protected:
     afx_msg void OnSysKeyUp(UINT, UINT, UINT) { Default(); }
     afx_msg void OnSysChar(UINT, UINT, UINT) { Default(); }
 
-    bool m_inModalLoop = false;
     bool m_continueModal = false;
     int m_nModalResult = -1;
 
@@ -268,6 +267,7 @@ private:
 // Registers a class; TRUE also when it was there. With ::DefWindowProc as its procedure its windows reach
 // their objects from their first message on. Classes last as long as the process.
 AFX_CORE_API BOOL AFXAPI AfxRegisterClass(WNDCLASSA* description);
-// The name of a class with these properties, registered if need be. Throws CResourceException on failure.
+// The name of a class with these properties, registered if need be; to be read until the thread's next call.
+// Throws CResourceException on failure.
 AFX_CORE_API LPCSTR AFXAPI AfxRegisterWndClass(UINT style, HCURSOR cursor = nullptr, HBRUSH brush = nullptr,
                                                HICON icon = nullptr);

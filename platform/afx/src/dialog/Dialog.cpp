@@ -6,6 +6,8 @@
 #include "DialogProc.h"
 #include "DialogTemplate.h"
 
+#include <cstring>
+
 IMPLEMENT_DYNAMIC(CDialog, CWnd)
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
@@ -148,7 +150,7 @@ bool IsManyLineEdit(HWND window)
 {
     char name[8] = "";
     ::GetClassNameA(window, name, sizeof name);
-    return ::lstrcmpiA(name, "Edit") == 0 && (::GetWindowLongA(window, GWL_STYLE) & ES_MULTILINE) != 0;
+    return _stricmp(name, "Edit") == 0 && (::GetWindowLongA(window, GWL_STYLE) & ES_MULTILINE) != 0;
 }
 
 } // namespace

@@ -23,11 +23,12 @@ HWND TopOf(HWND window)
 // A dialog's owner is no child, and an unnamed owner's newest popup rather than itself.
 HWND OwnerFor(const CWnd* parent)
 {
-    const CWnd* start = parent ? parent : AfxGetMainWnd();
+    const bool named = parent && parent->m_hWnd;
+    const CWnd* start = named ? parent : AfxGetMainWnd();
     HWND owner = start ? start->m_hWnd : nullptr;
     while (owner && IsChildWindow(owner))
         owner = ::GetParent(owner);
-    return owner && !parent ? ::GetLastActivePopup(owner) : owner;
+    return owner && !named ? ::GetLastActivePopup(owner) : owner;
 }
 
 // Whether the window was enabled.
@@ -79,7 +80,32 @@ INT_PTR CDialog::DoModal()
         return -1;
     const HWND owner = PreModal();
     const bool wasEnabled = Disable(owner);
-    RunModal(shape, owner, module);
+    try {
+        RunModal(shape, owner, module);
+    } catch (CException* exception) {
+        exception->Delete();
+        m_nModalResult = -1;
+    } catch (...) {
+        EndModal(owner, wasEnabled);
+        throw;
+    }
+    EndModal(owner, wasEnabled);
+    return m_nModalResult;
+}
+
+void CDialog::RunModal(LPCDLGTEMPLATEA shape, HWND owner, HINSTANCE module)
+{
+    constexpr UINT kHide = SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER;
+    if (!MakeWindow(shape, owner, module))
+        return;
+    const bool quiet = (GetStyle() & DS_NOIDLEMSG) != 0;
+    RunModalLoop(MLF_SHOWONIDLE | (quiet ? MLF_NOIDLEMSG : 0));
+    if (m_hWnd)
+        SetWindowPos(nullptr, 0, 0, 0, 0, kHide);
+}
+
+void CDialog::EndModal(HWND owner, bool wasEnabled)
+{
     // The owner first, for the system makes active what is enabled.
     // Ending a dialog enables its owner, also one that somebody else had disabled.
     Enable(owner, wasEnabled);
@@ -87,21 +113,4 @@ INT_PTR CDialog::DoModal()
         ::SetActiveWindow(owner);
     DestroyWindow();
     PostModal();
-    return m_nModalResult;
-}
-
-void CDialog::RunModal(LPCDLGTEMPLATEA shape, HWND owner, HINSTANCE module)
-{
-    constexpr UINT kHide = SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER;
-    try {
-        if (!MakeWindow(shape, owner, module))
-            return;
-        const bool quiet = (GetStyle() & DS_NOIDLEMSG) != 0;
-        RunModalLoop(MLF_SHOWONIDLE | (quiet ? MLF_NOIDLEMSG : 0));
-        if (m_hWnd)
-            SetWindowPos(nullptr, 0, 0, 0, 0, kHide);
-    } catch (CException* exception) {
-        exception->Delete();
-        m_nModalResult = -1;
-    }
 }

@@ -41,8 +41,10 @@ bool MakeForeignWindow(CWnd* object, const CREATESTRUCTA& description, bool& tak
 
 CWnd::~CWnd()
 {
-    if (m_hWnd)
-        CWnd::DestroyWindow();
+    if (!m_hWnd)
+        return;
+    CWnd::DestroyWindow();
+    Detach(); // also from a handle that was no window any more
 }
 
 BOOL CWnd::Create(LPCSTR className, LPCSTR name, DWORD style, const RECT& rect, CWnd* parent, UINT id,

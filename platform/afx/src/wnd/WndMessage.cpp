@@ -142,8 +142,7 @@ BOOL CWnd::PreTranslateMessage(MSG*)
 BOOL CWnd::PreTranslateInput(LPMSG message)
 {
     const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
-    const bool isMouse = message->message >= WM_MOUSEFIRST && message->message <= WM_MOUSELAST;
-    return (isKey || isMouse) && IsDialogMessage(message);
+    return isKey && IsDialogMessage(message);
 }
 
 BOOL CWnd::WalkPreTranslateTree(HWND stop, MSG* message)

@@ -83,7 +83,6 @@ int CWnd::RunModalLoop(DWORD flags)
 {
     ModalIdle idle(this, flags);
     m_nModalResult = -1;
-    m_inModalLoop = true;
     m_continueModal = true;
     bool quit = false;
     while (ContinueModal() && !quit) {
@@ -95,7 +94,6 @@ int CWnd::RunModalLoop(DWORD flags)
         if (IsWork(message))
             idle.Again();
     }
-    m_inModalLoop = false;
     m_continueModal = false;
     return quit ? -1 : m_nModalResult;
 }
