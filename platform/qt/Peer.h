@@ -20,7 +20,12 @@ public:
 
     HWND Window() const { return m_window; } // null once it is destroyed
     QWidget* Widget() const { return m_widget; }
-    DWORD Style() const { return m_style; }
+    // Whether it is shown and enabled the adapter knows.
+    DWORD Style() const
+    {
+        constexpr DWORD kState = WS_VISIBLE | WS_DISABLED;
+        return (m_style & ~kState) | (static_cast<DWORD>(GetWindowLongA(m_window, GWL_STYLE)) & kState);
+    }
     DWORD ExStyle() const { return m_exStyle; }
     bool IsChild() const { return m_style & WS_CHILD; }
     bool IsEnabled() const { return m_enabled; }

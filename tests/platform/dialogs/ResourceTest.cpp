@@ -146,3 +146,26 @@ TEST(Resources, TextsSurviveTheCodePage)
                         GetACP() == CP_UTF8 ? nullptr : &lossy);
     EXPECT_EQ(ansi, LoadText(IDS_KOREAN, 64));
 }
+// K TEST(Resources, KeysAreReadInTheirOrder)
+// K {
+// K     const HACCEL keys = LoadAcceleratorsA(nullptr, Number(IDR_KEYS));
+// K     ASSERT_NE(nullptr, keys);
+// K     ASSERT_EQ(3, CopyAcceleratorTableA(keys, nullptr, 0));
+// K     ACCEL rows[4] = {};
+// K     rows[2].cmd = 7;
+// K     EXPECT_EQ(2, CopyAcceleratorTableA(keys, rows, 2));
+// K     EXPECT_EQ(7, rows[2].cmd);
+// K     EXPECT_EQ(3, CopyAcceleratorTableA(keys, rows, 4));
+// K     EXPECT_EQ(FVIRTKEY | FCONTROL, rows[0].fVirt & (FVIRTKEY | FCONTROL | FSHIFT | FALT));
+// K     EXPECT_EQ('S', rows[0].key);
+// K     EXPECT_EQ(IDM_FIND, rows[1].cmd);
+// K     EXPECT_EQ('m', rows[2].key);
+// K     EXPECT_EQ(nullptr, LoadAcceleratorsA(nullptr, Number(1)));
+// K }
+
+TEST(Resources, StockIconsAreThere)
+{
+    for (const LPCSTR icon : {IDI_APPLICATION, IDI_HAND, IDI_QUESTION, IDI_EXCLAMATION, IDI_ASTERISK})
+        EXPECT_NE(nullptr, LoadIconA(nullptr, icon));
+    EXPECT_EQ(nullptr, LoadIconA(GetModuleHandleA(nullptr), "missing"));
+}

@@ -111,15 +111,31 @@ std::optional<Resource> Find(HMODULE module, LPCSTR name, LPCSTR type, WORD lang
     return search.best;
 }
 
-std::optional<Resource> ByHandle(HRSRC handle)
+// The first resource of any module that `wanted` takes.
+template <class Wanted>
+std::optional<Resource> FirstThat(Wanted wanted)
 {
     CompiledFiles& compiled = Compiled();
     const std::lock_guard lock(compiled.mutex);
     for (const CompiledFile& file : compiled.files)
         for (ResourceReader reader(file.bytes); auto resource = reader.Next();)
-            if (HandleOf(*resource) == handle)
+            if (wanted(*resource))
                 return resource;
-    return Fail(ERROR_INVALID_HANDLE), std::nullopt;
+    return std::nullopt;
+}
+
+std::optional<Resource> ByHandle(HRSRC handle)
+{
+    auto resource = FirstThat([handle](const Resource& each) { return HandleOf(each) == handle; });
+    if (!resource)
+        SetLastError(ERROR_INVALID_HANDLE);
+    return resource;
+}
+
+// By number: addresses of different objects must not be compared otherwise.
+size_t DistanceFrom(std::span<const BYTE> bytes, const void* address)
+{
+    return reinterpret_cast<size_t>(address) - reinterpret_cast<size_t>(bytes.data());
 }
 
 } // namespace
@@ -143,6 +159,13 @@ std::span<const BYTE> ResourceBytes(HMODULE module, LPCSTR name, LPCSTR type)
 {
     const auto resource = Find(module, name, type, 0);
     return resource ? resource->data : std::span<const BYTE>();
+}
+
+std::span<const BYTE> ResourceHolding(const void* address)
+{
+    const auto holder = FirstThat(
+        [address](const Resource& each) { return DistanceFrom(each.data, address) < each.data.size(); });
+    return holder ? holder->data.subspan(DistanceFrom(holder->data, address)) : std::span<const BYTE>();
 }
 
 HRSRC WINAPI FindResourceA(HMODULE module, LPCSTR name, LPCSTR type)

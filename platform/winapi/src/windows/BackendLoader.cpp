@@ -1,6 +1,7 @@
 #include "BackendLoader.h"
 
 #include "../ModuleSearch.h"
+#include "../dialogs/BoxThread.h"
 
 #include <dlfcn.h>
 #include <unistd.h>
@@ -61,5 +62,8 @@ WindowBackend* Backend()
 
 bool CanShowWindows()
 {
-    return IsDisplayNamed() && Backend() && Backend()->HasDisplay();
+    if (!IsDisplayNamed() || !Backend() || !Backend()->HasDisplay())
+        return false;
+    PrepareBoxThread();
+    return true;
 }

@@ -4,7 +4,6 @@
 #include "Text.h"
 #include "Window.h"
 
-extern "C" __attribute__((weak)) LRESULT WINAPI DefDlgProcA(HWND, UINT, WPARAM, LPARAM);
 extern "C" __attribute__((weak)) int WINAPI GetObjectA(HGDIOBJ, int, LPVOID);
 
 namespace {
@@ -16,8 +15,7 @@ const SystemClass kClasses[] = {
     {"ListBox", ControlProc, CS_DBLCLKS, sizeof(void*), true, false},
     {"ComboBox", ControlProc, CS_DBLCLKS | CS_VREDRAW | CS_HREDRAW, sizeof(void*), true, false},
     {"MDIClient", MdiClientProc, 0, 2 * sizeof(void*), false, false},
-    {"#32770", DefDlgProcA ? DefDlgProcA : DefWindowProcA, CS_DBLCLKS | CS_SAVEBITS, DLGWINDOWEXTRA, false,
-     true},
+    {"#32770", DefDlgProcA, CS_DBLCLKS | CS_SAVEBITS, DLGWINDOWEXTRA, false, true},
 };
 
 FontSpec SpecOf(HFONT font)
