@@ -1,7 +1,7 @@
 # Install and export rules: find_package(ZEK_lib) and pkg-config zek_lib from an installed tree.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS ZEK_lib EXPORT ZEK_libTargets
+install(TARGETS ZEK_lib ZEK_main EXPORT ZEK_libTargets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})

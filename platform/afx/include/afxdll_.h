@@ -57,3 +57,7 @@ AFX_CORE_API void AFXAPI AfxSetResourceHandle(HINSTANCE module);
 // The module that holds the resource: AfxGetResourceHandle, then the extension libraries, the newest first.
 // AfxGetResourceHandle when none does.
 AFX_CORE_API HINSTANCE AFXAPI AfxFindResourceHandle(LPCSTR name, LPCSTR type);
+
+// The length of text `id` of the string tables, searched for in the same order and cut to `size` bytes with
+// its NUL; 0 when there is none. CString::LoadString does not cut.
+AFX_CORE_API int AFXAPI AfxLoadString(UINT id, LPSTR buffer, UINT size = 256);

@@ -16,7 +16,7 @@
 //  2. Numbers are formatted without the C library's locale.
 //  3. Adding to a text grows its buffer by half, so building a text piece by piece takes linear time.
 //  4. A text may be assigned, added to, inserted into or formatted from its own buffer.
-//  5. There are no resources yet: no LoadString, no Format with a resource number.
+//  5. No Format with the number of a text in the resources.
 #pragma once
 
 #include "afxfmt_.h"
@@ -162,6 +162,12 @@ public:
     void FormatV(LPCSTR format, va_list args);
     void FormatList(LPCSTR format, const AFX_FORMAT_ARG* args, std::size_t count);
     void FormatMessageList(LPCSTR format, const AFX_FORMAT_ARG* args, std::size_t count);
+
+    // ---- resources
+    // Text `id` of the string tables, searched for in the program and its extension libraries, or of one
+    // module. FALSE and "" when there is none.
+    BOOL LoadString(UINT id);
+    BOOL LoadString(HINSTANCE module, UINT id);
 
     // ---- the buffer itself
     // A writable buffer of at least `minimum` characters and a NUL, holding the text. Until ReleaseBuffer no

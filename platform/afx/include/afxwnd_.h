@@ -28,6 +28,7 @@
 
 class CCmdTarget;
 class CDataExchange;
+class CFrameWnd;
 class CDC;
 class CFont;
 struct CCreateContext;
@@ -160,6 +161,7 @@ public:
     CWnd* GetOwner() const; // as SetOwner says; else the parent
     void SetOwner(CWnd* owner);
     CWnd* GetTopLevelParent() const;
+    CFrameWnd* GetParentFrame() const; // the nearest frame above
     CWnd* GetTopWindow() const { return FromHandle(::GetTopWindow(Live())); }
     CWnd* GetWindow(UINT which) const { return FromHandle(::GetWindow(Live(), which)); }
     CWnd* GetNextWindow(UINT which = GW_HWNDNEXT) const { return GetWindow(which); }

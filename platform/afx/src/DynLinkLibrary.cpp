@@ -134,3 +134,14 @@ void AFXAPI AfxSetResourceHandle(HINSTANCE module)
 {
     g_resources = module;
 }
+
+std::vector<HMODULE> AfxResourceModules()
+{
+    std::vector<HMODULE> modules = {AfxGetResourceHandle()};
+    const std::lock_guard lock(AfxModuleMutex());
+    for (const BOOL system : {FALSE, TRUE})
+        for (const CDynLinkLibrary* library = g_afxFirstLibrary; library; library = library->m_pNextDLL)
+            if (library->m_hResource && library->m_bSystem == system)
+                modules.push_back(library->m_hResource);
+    return modules;
+}

@@ -6,6 +6,7 @@
 #include <afxdll_.h>
 
 #include <mutex>
+#include <vector>
 
 // Guards both lists.
 std::mutex& AfxModuleMutex();
@@ -16,3 +17,6 @@ extern CDynLinkLibrary* g_afxFirstLibrary;
 
 // Whether the mark is that of an initialised extension library; hold the mutex.
 bool AfxIsExtension(const void* mark);
+
+// Where resources are looked for, in that order.
+std::vector<HMODULE> AfxResourceModules();

@@ -1,13 +1,14 @@
 #include <afxwin.h>
 
 #include "FilePath.h"
+#include "app/ThreadState.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
 
 // clang-format off
-IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
 // clang-format on
 
@@ -37,49 +38,20 @@ CString ProgramName()
     return AfxFileTitleOf(path);
 }
 
-UINT WithDefaultIcon(UINT style)
-{
-    constexpr UINT kButtons[] = {MB_OK, MB_OKCANCEL, MB_YESNO, MB_YESNOCANCEL};
-    if ((style & MB_ICONMASK) != 0)
-        return style;
-    for (const UINT buttons : kButtons)
-        if ((style & MB_TYPEMASK) == buttons)
-            return style | MB_ICONEXCLAMATION;
-    return style;
-}
-
-int ShowBox(LPCSTR text, LPCSTR caption, UINT style)
-{
-    return ::MessageBoxA(nullptr, text, caption, WithDefaultIcon(style));
-}
-
 } // namespace
 
-CWinThread::CWinThread() = default;
-CWinThread::~CWinThread() = default;
-
-BOOL CWinThread::InitInstance()
-{
-    return FALSE;
-}
-
-int CWinThread::Run()
-{
-    return ExitInstance();
-}
-
-int CWinThread::ExitInstance()
-{
-    return 0;
-}
-
 CWinApp::CWinApp(LPCSTR appName)
-    : m_hInstance(::GetModuleHandleA(nullptr)), m_lpCmdLine(::GetCommandLineA()), m_pszRegistryKey(nullptr)
+    : m_hInstance(::GetModuleHandleA(nullptr)), m_lpCmdLine(::GetCommandLineA()), m_nCmdShow(SW_SHOWDEFAULT),
+      m_pszRegistryKey(nullptr)
 {
     const CString program = ProgramName();
     m_pszExeName = Copied(program);
     m_pszAppName = Copied(appName ? appName : program.GetString());
     m_pszProfileName = Copied(program + ".INI");
+    m_bAutoDelete = FALSE; // usually a static object
+    m_hThread = ::GetCurrentThread();
+    m_nThreadID = ::GetCurrentThreadId();
+    AfxSetCurrentThread(this);
     g_app = this;
 }
 
@@ -91,9 +63,54 @@ CWinApp::~CWinApp()
         Free(text);
 }
 
+BOOL CWinApp::InitApplication()
+{
+    return TRUE;
+}
+
 BOOL CWinApp::InitInstance()
 {
     return TRUE;
+}
+
+int CWinApp::Run()
+{
+    return m_pMainWnd ? CWinThread::Run() : ExitInstance();
+}
+
+int CWinApp::ExitInstance()
+{
+    return CWinThread::ExitInstance();
+}
+
+BOOL CWinApp::OnIdle(LONG count)
+{
+    CWinThread::OnIdle(count);
+    return count < 1;
+}
+
+LRESULT CWinApp::ProcessWndProcException(CException* exception, const MSG* message)
+{
+    if (message->message == WM_CREATE || message->message == WM_PAINT)
+        return CWinThread::ProcessWndProcException(exception, message);
+    return AfxTellHandlerException(exception, *message);
+}
+
+void CWinApp::DoWaitCursor(int code)
+{
+    m_waitCursors = std::max(m_waitCursors + code, 0);
+    if (m_waitCursors == 0) {
+        ::SetCursor(m_cursorBefore);
+        return;
+    }
+    const HCURSOR before = ::SetCursor(LoadStandardCursor(IDC_WAIT));
+    if (code > 0 && m_waitCursors == 1)
+        m_cursorBefore = before;
+}
+
+HCURSOR CWinApp::LoadStandardCursor(LPCSTR name) const
+{
+    return ::LoadCursorA(nullptr, name);
 }
 
 void CWinApp::SetRegistryKey(LPCSTR key)
@@ -106,25 +123,9 @@ void CWinApp::SetRegistryKey(LPCSTR key)
     m_pszProfileName = profileName;
 }
 
-int CWinApp::DoMessageBox(LPCSTR text, UINT style, UINT)
-{
-    return ShowBox(text, m_pszAppName, style);
-}
-
 CWinApp* AFXAPI AfxGetApp()
 {
     return g_app;
-}
-
-CWinThread* AFXAPI AfxGetThread()
-{
-    return g_app;
-}
-
-CWnd* AFXAPI AfxGetMainWnd()
-{
-    const CWinApp* app = AfxGetApp();
-    return app ? app->m_pMainWnd : nullptr;
 }
 
 LPCSTR AFXAPI AfxGetAppName()
@@ -132,10 +133,4 @@ LPCSTR AFXAPI AfxGetAppName()
     static const CString program = ProgramName();
     const CWinApp* app = AfxGetApp();
     return app ? app->m_pszAppName : program.GetString();
-}
-
-int AFXAPI AfxMessageBox(LPCSTR text, UINT style, UINT helpId)
-{
-    CWinApp* app = AfxGetApp();
-    return app ? app->DoMessageBox(text, style, helpId) : ShowBox(text, AfxGetAppName(), style);
 }

@@ -23,7 +23,7 @@ LRESULT Report(LPCSTR text, const MSG& message)
 
 LRESULT Handle(CException* exception, const MSG& message)
 {
-    const LRESULT result = AfxReportHandlerException(exception, &message);
+    const LRESULT result = AfxProcessWndProcException(exception, &message);
     exception->Delete();
     return result;
 }
@@ -40,13 +40,6 @@ CWnd* Adopted(HWND window)
 }
 
 } // namespace
-
-LRESULT AfxReportHandlerException(CException* exception, const MSG* message)
-{
-    if (!exception->IsKindOf(RUNTIME_CLASS(CUserException)))
-        exception->ReportError(MB_ICONSTOP);
-    return Answer(*message);
-}
 
 LRESULT AfxReportCaught(const MSG& message)
 {

@@ -10,10 +10,6 @@ LRESULT CALLBACK AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 // WM_CREATE, which ends the creation). The object may be gone afterwards.
 LRESULT AfxCallWndProc(CWnd* object, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// What a thread does by default with an exception that left a message's handler: shows it, unless the user
-// has been told. The answer to the message.
-LRESULT AfxReportHandlerException(CException* exception, const MSG* message);
-
 // For a catch (...) at a border: shows what was caught there. The answer to the message.
 LRESULT AfxReportCaught(const MSG& message);
 
