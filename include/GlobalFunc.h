@@ -1,15 +1,17 @@
-// Small helpers that hosts call directly: message boxes with formatted texts, sounds, a comparison of
-// numbers, what runs and where, names that end in a number, sizes of hash tables.
+// Small helpers that hosts call directly: message boxes with formatted texts, some of which close by
+// themselves, sounds, a comparison of numbers, what runs and where, names that end in a number, sizes of hash
+// tables.
 //
 //   FmtMessageBox("%s has %d elements", name, count);
 //   if (FmtMessageBox(*pWnd, nullptr, MB_YESNO, "Delete %d nodes?", count) == IDYES)
 //       ...
+//   TimedMessageBox(nullptr, nullptr, MB_OK, 3000, "Saved as %s", path);
 //
 // Formatted texts are written as CString::Format does: placeholders that do not fit the arguments stand in
 // the text as they are.
 //
 // Errors: none is reported but through the results. Texts that do not fit into memory throw CMemoryException.
-// Threads: any.
+// Threads: any, but for TimedMessageBox and GetActiveView, which belong to the user-interface thread.
 #pragma once
 
 #include <afxwin.h>
@@ -33,11 +35,27 @@ AFX_EXT_API int SafeCompareReal(double a, double b);
 // ---- message boxes
 
 // What the message boxes below do with their finished texts.
+AFX_EXT_API unsigned int ShowTimedMessageBox(HWND hWnd, const char* lpszCaption, unsigned int nType,
+                                             DWORD dwTimeout, const CString& strText);
 AFX_EXT_API unsigned int ShowMessageBox(HWND hWnd, const char* lpszCaption, unsigned int nType,
                                         const CString& strText);
 
-// Shows a message box and answers its button. The caption is never shown: the title is the
-// application's name if lpszCaption is null, and empty otherwise.
+// Shows a message box that closes itself after dwTimeout milliseconds (0: never), and answers its button, or
+// 0 when it closed itself. The owner is hWnd or, if that is null, the main window.
+//
+// The caption is never shown: the title is the application's name if lpszCaption is null, and empty
+// otherwise. Nothing is shown and the answer is 0 while the thread has no main window or that is not visible.
+// What closes is the first dialog found among the thread's windows: another one, if the host has one open.
+template <class... Args>
+unsigned int TimedMessageBox(HWND hWnd, const char* lpszCaption, unsigned int nType, DWORD dwTimeout,
+                             const char* lpszFormat, Args... args)
+{
+    CString text;
+    text.Format(lpszFormat, args...);
+    return ShowTimedMessageBox(hWnd, lpszCaption, nType, dwTimeout, text);
+}
+
+// Shows a message box and answers its button. The caption counts as in TimedMessageBox.
 template <class... Args>
 unsigned int FmtMessageBox(HWND hWnd, const char* lpszCaption, unsigned int nType, const char* lpszFormat,
                            Args... args)
