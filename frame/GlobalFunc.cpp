@@ -58,6 +58,15 @@ int ExistFile(const char* lpszPath)
     return lpszPath && CFile::GetStatus(lpszPath, status) ? 1 : 0;
 }
 
+CView* GetActiveView()
+{
+    const CWinApp* app = AfxGetApp();
+    CWnd* window = app ? app->m_pMainWnd : nullptr;
+    CFrameWnd* main = DYNAMIC_DOWNCAST(CFrameWnd, window);
+    CFrameWnd* active = main ? main->GetActiveFrame() : nullptr;
+    return active ? active->GetActiveView() : nullptr;
+}
+
 int GetOS()
 {
     static int osClass = 0;

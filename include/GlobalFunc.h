@@ -115,6 +115,9 @@ AFX_EXT_API CString GetProgramPath();
 // 1 if the path names a file or folder whose status can be read, else 0.
 AFX_EXT_API int ExistFile(const char* lpszPath);
 
+// The active view of the active frame of the application's main window; null if there is none of these.
+AFX_EXT_API CView* GetActiveView();
+
 // The system's class: 1 Win32s, 2 Windows 95, 3 Windows 98 and later of its kind, 4 NT 4, 5 NT 5, 6 any other
 // NT, 7 anything else. Found out once per process.
 AFX_EXT_API int GetOS();
