@@ -55,6 +55,8 @@ public:
 
 protected:
     void nextCheckState() override {}
+    // All of the control, not its mark and text alone.
+    bool hitButton(const QPoint& at) const override { return Base::rect().contains(at); }
 
     void mouseDoubleClickEvent(QMouseEvent* event) override
     {

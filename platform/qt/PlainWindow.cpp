@@ -71,12 +71,12 @@ public:
     Area(PlainWindow& peer, QWidget* owner, Qt::WindowFlags flags) : QWidget(owner, flags), m_peer(peer) {}
 
 protected:
-    // The window is the adapter's to close.
+    // The window is the adapter's to close; a host that quits must know whether it has.
     void closeEvent(QCloseEvent* event) override
     {
-        event->ignore();
         if (m_peer.Window() && m_peer.IsEnabled())
             m_peer.Events().SystemCommand(m_peer.Window(), SC_CLOSE);
+        event->setAccepted(!m_peer.Window());
     }
 
     void moveEvent(QMoveEvent*) override { m_peer.TellPlace(); }
