@@ -1,0 +1,78 @@
+// Which objects of a thread stand for which handles.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+
+// `Object` has a handle member, named by `handle`, which its destructor would delete. Those that are made
+// here are of the class `Made`, which derives from it or is the same.
+template <class Object, class Made, auto handle>
+class HandleMap
+{
+public:
+    // The thread's map; null when the thread has given it up at its end, which static objects outlive.
+    static HandleMap* Current()
+    {
+        if (!t_current && !t_ended)
+            thread_local Owner owner;
+        return t_current;
+    }
+
+    // The object that owns the handle if it is of the right class, else a temporary one.
+    template <class Key>
+    Made* FindOrMake(Key key)
+    {
+        if (Made* permanent = dynamic_cast<Made*>(FindPermanent(key)))
+            return permanent;
+        std::unique_ptr<Made>& object = m_temporary[key];
+        if (!object) {
+            object = std::make_unique<Made>();
+            object.get()->*handle = key;
+        }
+        return object.get();
+    }
+
+    void Add(void* key, Object* object) { m_permanent.insert_or_assign(key, object); }
+    void Remove(void* key, const Object* object)
+    {
+        if (FindPermanent(key) == object)
+            m_permanent.erase(key);
+    }
+
+    void DeleteTemporary()
+    {
+        for (auto& entry : m_temporary)
+            entry.second.get()->*handle = nullptr;
+        m_temporary.clear();
+    }
+
+private:
+    struct Owner;
+
+    Object* FindPermanent(void* key) const
+    {
+        const auto found = m_permanent.find(key);
+        return found == m_permanent.end() ? nullptr : found->second;
+    }
+
+    static inline thread_local HandleMap* t_current = nullptr;
+    static inline thread_local bool t_ended = false;
+
+    std::unordered_map<void*, Object*> m_permanent;
+    std::unordered_map<void*, std::unique_ptr<Made>> m_temporary;
+};
+
+template <class Object, class Made, auto handle>
+struct HandleMap<Object, Made, handle>::Owner {
+    Owner() { t_current = &map; }
+    ~Owner()
+    {
+        map.DeleteTemporary();
+        t_ended = true;
+        t_current = nullptr;
+    }
+    Owner(const Owner&) = delete;
+    Owner& operator=(const Owner&) = delete;
+
+    HandleMap map;
+};
