@@ -1,0 +1,29 @@
+// Numbers of the example's resources.
+#pragma once
+
+#define IDD_MAIN 101
+#define IDD_SECTION 102
+
+#define IDC_PATH 1001
+#define IDC_STATE 1002
+#define IDC_SHOW_SECTION 1003
+#define IDC_SHOW_MESSAGE 1004
+
+#define IDC_NAME 1101
+#define IDC_SHAPE 1102
+#define IDC_AREA_LABEL 1103
+#define IDC_AREA 1104
+#define IDC_INERTIA_LABEL 1105
+#define IDC_INERTIA 1106
+#define IDC_STEEL 1107
+#define IDC_CONCRETE 1108
+#define IDC_SHEAR 1109
+#define IDC_CASES 1110
+
+#define IDS_TITLE 2001
+#define IDS_NO_WINDOW 2002
+#define IDS_TIMED 2003
+#define IDS_STATE 2004
+#define IDS_SECTION_TEXT 2005
+#define IDS_SHAPE_FIRST 2011
+#define IDS_CASE_FIRST 2021
