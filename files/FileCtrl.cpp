@@ -1,5 +1,6 @@
 #include "FileCtrl.h"
 
+#include <afxwin.h>
 #include <mbstring.h>
 #include <vector>
 
@@ -20,6 +21,16 @@ std::vector<int> PlacesOfBackslashes(const CString& text)
     for (const auto* at = start; (at = _mbschr(at, '\\')) != nullptr; ++at)
         places.push_back(static_cast<int>(at - start));
     return places;
+}
+
+// In pixels. The extent is mapped as a point, not as a size: hosts rely on the shift by the origins.
+LONGLONG WidthOn(CDC& dc, const CString& text)
+{
+    SIZE extent{};
+    ::GetTextExtentPoint32A(dc.m_hAttribDC, text, text.GetLength(), &extent);
+    POINT mapped{extent.cx, extent.cy};
+    dc.LPtoDP(&mapped);
+    return mapped.x;
 }
 
 template <class FITS>
@@ -94,6 +105,12 @@ CString CFileCtrl::GetFileExt()
 CString CFileCtrl::GetAbbPathNameExt(int nMaxLen)
 {
     return Abbreviated(*this, [nMaxLen](const CString& text) { return text.GetLength() <= nMaxLen; });
+}
+
+CString CFileCtrl::GetAbbPathNameExt(CDC* pDC, RECT* pRect)
+{
+    const LONGLONG room = LONGLONG{pRect->right} - pRect->left;
+    return Abbreviated(*this, [pDC, room](const CString& text) { return WidthOn(*pDC, text) <= room; });
 }
 
 int CFileCtrl::FileExists()

@@ -4,6 +4,9 @@
 //   file.GetFileNameExt();          // "file.txt"
 //   file.GetAbbPathNameExt(18);     // "C:\...\C\file.txt"
 //
+//   CClientDC dc(&label);           // with the label's font selected
+//   label.SetWindowText(file.GetAbbPathNameExt(&dc, room));
+//
 // Units: lengths count bytes, as CString does. Paths are read character by character in the active multibyte
 //   code page: the second byte of a double-byte character separates nothing. Only backslashes separate
 //   folders.
@@ -11,6 +14,8 @@
 #pragma once
 
 #include <afx.h>
+
+class CDC;
 
 class AFX_EXT_CLASS CFileCtrl
 {
@@ -36,6 +41,10 @@ public:
     // first backslash, more of them each time; else the file's name and extension, whether they fit or not.
     // A path with fewer than two backslashes has no form with "...".
     CString GetAbbPathNameExt(int nMaxLen);
+    // The same forms, where a text fits that is no wider than the rectangle when it is drawn on pDC (not
+    // null, with the font and the mapping of the drawing). Its extent is mapped to pixels as if it were a
+    // point: the context's origins shift the width that counts.
+    CString GetAbbPathNameExt(CDC* pDC, RECT* pRect);
 
     // Nonzero when CFile::GetStatus succeeds for the whole path.
     int FileExists();
