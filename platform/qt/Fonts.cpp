@@ -162,12 +162,8 @@ FontTable& Fonts()
 
 QFont FontOf(const FontSpec& spec)
 {
-    // A copy of its own, so that what the widgets do with it does not touch the table's.
-    return Fonts().With(spec, [](const QFont& font) {
-        QFont copy;
-        copy.fromString(font.toString());
-        return copy;
-    });
+    // One of its own, so that what the widgets do with it does not touch the table's.
+    return Fonts().With(spec, [&spec](const QFont&) { return MakeFont(spec); });
 }
 
 SIZE ExtentOf(const FontSpec& spec, std::u16string_view text)

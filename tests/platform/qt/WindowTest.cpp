@@ -4,6 +4,8 @@
 #include <QtWidgets/QApplication>
 
 #include <array>
+#include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -52,6 +54,33 @@ TEST_F(WindowTest, WidgetsLieWhereTheirClientAreasAre)
     EXPECT_EQ(At(15, 20)->geometry(), QRect(13, 17, 101, 23));
     MoveWindow(button, 30, 40, 50, 60, TRUE);
     EXPECT_EQ(At(35, 45)->geometry(), QRect(30, 40, 50, 60));
+}
+
+// A label that is as wide as its measured text shows all of it.
+TEST_F(WindowTest, TextsAreShownAsWideAsTheyAreMeasured)
+{
+    static constexpr char kText[] = "AVATAR Tower, Te. after 5 seconds";
+    const HWND button = Make("BUTTON", BS_PUSHBUTTON, kText, 10, 10, 100, 20);
+    for (const char* face : {"MS Shell Dlg", "Gulim", "Courier New", "no such family"})
+        for (const LONG height : {-11, -12, -16, 20}) {
+            SCOPED_TRACE(testing::Message() << face << ' ' << height);
+            LOGFONTA description = {};
+            description.lfHeight = height;
+            description.lfWeight = FW_NORMAL;
+            std::snprintf(description.lfFaceName, sizeof description.lfFaceName, "%s", face);
+            const HFONT font = CreateFontIndirectA(&description);
+            SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+            const HDC dc = GetDC(button);
+            const HGDIOBJ before = SelectObject(dc, font);
+            SIZE measured = {};
+            GetTextExtentPoint32A(dc, kText, static_cast<int>(std::strlen(kText)), &measured);
+            const QFontMetrics shown(At(15, 15)->font());
+            EXPECT_EQ(shown.horizontalAdvance(QLatin1String(kText)), measured.cx);
+            EXPECT_EQ(shown.ascent() + shown.descent(), measured.cy);
+            SelectObject(dc, before);
+            ReleaseDC(button, dc);
+            DeleteObject(font);
+        }
 }
 
 TEST_F(WindowTest, StylesMakeTheFrame)
