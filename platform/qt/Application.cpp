@@ -1,11 +1,15 @@
 #include "Application.h"
 
+#include "Display.h"
+
 #include <QtCore/QByteArrayList>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <clocale>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -34,16 +38,25 @@ void TellUnlessNoise(QtMsgType type, const QMessageLogContext& context, const QS
         g_nextHandler(type, context, text);
 }
 
+// Whether trying it cannot end the process or hang. The toolkit finds out itself for the others.
+bool IsWorthTrying(const QByteArray& platform)
+{
+    return platform.split(':')[0].trimmed().toLower() != "xcb" || XServerAnswers();
+}
+
 // Where a platform cannot be had the toolkit tries the next of the list; with the last one it never fails.
 QByteArray PlatformsFor(const QByteArray& named)
 {
-    if (!named.isEmpty())
-        return named + ';' + kHidden;
+    QByteArrayList wanted = named.split(';');
+    if (named.isEmpty()) {
+        wanted.clear();
+        if (qEnvironmentVariableIsSet("DISPLAY"))
+            wanted += "xcb";
+        if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+            wanted += "wayland";
+    }
     QByteArrayList platforms;
-    if (qEnvironmentVariableIsSet("DISPLAY"))
-        platforms += "xcb";
-    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
-        platforms += "wayland";
+    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(platforms), IsWorthTrying);
     return (platforms << kHidden).join(';');
 }
 
@@ -66,11 +79,9 @@ void MakeApplication(const QByteArray& platforms)
 
 bool StartApplication()
 {
+    if (QCoreApplication::instance()) // a host's object without widgets cannot be replaced
+        return qobject_cast<QApplication*>(QCoreApplication::instance());
     const QByteArray named = qgetenv("QT_QPA_PLATFORM");
-    if (!QCoreApplication::instance())
-        MakeApplication(PlatformsFor(named));
-    // A host's object without widgets cannot be replaced.
-    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
-        return false;
+    MakeApplication(PlatformsFor(named));
     return QGuiApplication::platformName() != QLatin1String(kHidden) || named.contains(kHidden);
 }

@@ -2,7 +2,7 @@
 
 #include "Texts.h"
 
-#include <QtCore/QTimer>
+#include <QtCore/QThread>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
@@ -71,11 +71,15 @@ public:
     Area(PlainWindow& peer, QWidget* owner, Qt::WindowFlags flags) : QWidget(owner, flags), m_peer(peer) {}
 
 protected:
-    // The window is the adapter's to close; a host that quits must know whether it has.
+    // The window is the adapter's to close. A host that quits the toolkit's loop has all windows closed first
+    // and goes on where one stays, so there the answer must be true at once.
     void closeEvent(QCloseEvent* event) override
     {
-        if (m_peer.Window() && m_peer.IsEnabled())
+        if (m_peer.Window() && m_peer.IsEnabled()) {
             m_peer.Events().SystemCommand(m_peer.Window(), SC_CLOSE);
+            if (!event->spontaneous() && QThread::currentThread()->loopLevel() > 0)
+                m_peer.Events().DispatchQueued();
+        }
         event->setAccepted(!m_peer.Window());
     }
 

@@ -98,14 +98,13 @@ TEST_F(MouseTest, AHandlerMayDestroyWhatWasClicked)
         SendMessageA(control, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>("item"));
         const QPointer<QWidget> widget = At(15, 15);
         m_onCommand = [control] { DestroyWindow(control); };
-        Click(widget);
+        ClickFromLoop(widget);
         EXPECT_FALSE(IsWindow(control));
-        Pump();
         EXPECT_FALSE(widget) << "it is kept no longer than needed";
     }
     Make("BUTTON", BS_PUSHBUTTON, "Button", 10, 10, 100, 20);
     m_onCommand = [this] { DestroyWindow(Host()); };
-    Click(At(15, 15));
+    ClickFromLoop(At(15, 15));
     EXPECT_FALSE(IsWindow(Host()));
 }
 
@@ -122,9 +121,7 @@ TEST_F(MouseTest, NestedLoopsKeepWhatOuterOnesUse)
         Pump();
         aliveInside = outer;
     };
-    QMetaObject::invokeMethod(
-        qApp, [outer] { Click(outer); }, Qt::QueuedConnection);
-    Pump();
+    ClickFromLoop(outer);
     EXPECT_EQ(Told(), "1:0 2:0");
     EXPECT_TRUE(aliveInside);
     EXPECT_FALSE(IsWindow(first));

@@ -1,7 +1,6 @@
 #include "Widgets.h"
 
 #include <QtGui/QMouseEvent>
-#include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 
 namespace {
@@ -95,6 +94,13 @@ void Widgets::Click(QWidget* widget, const QPoint& at)
     Press(widget, QEvent::MouseButtonPress, at);
     if (kept)
         Press(kept, QEvent::MouseButtonRelease, at);
+}
+
+void Widgets::ClickFromLoop(const QPointer<QWidget>& widget)
+{
+    QMetaObject::invokeMethod(
+        qApp, [widget] { Click(widget); }, Qt::QueuedConnection);
+    Pump();
 }
 
 void Widgets::Pump()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtCore/QEvent>
+#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 #include <gmock/gmock.h>
@@ -29,6 +30,8 @@ protected:
     static void Press(QWidget* widget, QEvent::Type type, const QPoint& at,
                       Qt::MouseButton button = Qt::LeftButton);
     static void Click(QWidget* widget, const QPoint& at = {5, 5});
+    // As the user does: the toolkit's loop brings it. Needed where the click may end the widget.
+    static void ClickFromLoop(const QPointer<QWidget>& widget);
     // Dispatches what is queued until there is nothing left.
     static void Pump();
 
