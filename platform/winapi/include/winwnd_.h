@@ -116,8 +116,9 @@ using CREATESTRUCT = CREATESTRUCTA;
 using LPCREATESTRUCT = CREATESTRUCTA*;
 using LPCREATESTRUCTA = CREATESTRUCTA*;
 
-// `menu` is a child's identifier and must be null otherwise.
-// Fails with ERROR_CANNOT_FIND_WND_CLASS, ERROR_TLW_WITH_WSCHILD,
+// `menu` is a child's identifier and must be null otherwise. With WS_EX_MDICHILD `parent` is an MDI client, which
+// chooses the identifier and usually the styles; a visible and enabled window becomes its active child.
+// Fails with ERROR_CANNOT_FIND_WND_CLASS, ERROR_TLW_WITH_WSCHILD, ERROR_NON_MDICHILD_WINDOW,
 // ERROR_INVALID_WINDOW_HANDLE, with the error that WM_NCCREATE or WM_CREATE leave when they refuse;
 // ERROR_NOT_SUPPORTED when it would need a display and there is none, ERROR_ACCESS_DENIED on a thread that is
 // not the user interface's.

@@ -9,6 +9,7 @@ namespace {
 
 HWND client;
 std::vector<std::string> activations;
+LPARAM parameter; // what the child made last was handed
 
 std::string NameOf(HWND window)
 {
@@ -25,6 +26,10 @@ LRESULT CALLBACK FrameProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 LRESULT CALLBACK ChildProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    if (message == WM_NCCREATE)
+        parameter = reinterpret_cast<const MDICREATESTRUCTA*>(
+                        reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams)
+                        ->lParam;
     if (message == WM_MDIACTIVATE)
         activations.push_back(NameOf(window) + (reinterpret_cast<HWND>(lParam) == window ? "+" : "-"));
     return DefMDIChildProcA(window, message, wParam, lParam);
@@ -77,6 +82,20 @@ protected:
             SendMessageA(client, WM_MDICREATE, 0, reinterpret_cast<LPARAM>(&create)));
     }
 
+    // Without going through the client.
+    HWND AddDirectly(const char* title, DWORD style, HWND parent)
+    {
+        return CreateWindowExA(WS_EX_MDICHILD, "zek_mdi_child", title, style, 0, 0, 0, 0, parent, nullptr,
+                               GetModuleHandleA(nullptr), reinterpret_cast<LPVOID>(LPARAM{77}));
+    }
+
+    // Children of such a client choose their styles themselves.
+    void LetChildrenChoose()
+    {
+        constexpr LONG kAllChildStyles = 1;
+        SetWindowLongA(client, GWL_STYLE, GetWindowLongA(client, GWL_STYLE) | kAllChildStyles);
+    }
+
     HWND Active() { return reinterpret_cast<HWND>(SendMessageA(client, WM_MDIGETACTIVE, 0, 0)); }
 
     HWND m_frame = nullptr;
@@ -100,6 +119,32 @@ TEST_F(Mdi, ActivatesWhatIsMadeAndAskedFor)
     EXPECT_TRUE(IsChild(first, GetFocus()) || GetFocus() == first);
     SendMessageA(client, WM_MDINEXT, 0, 0);
     EXPECT_EQ(Active(), second);
+}
+
+TEST_F(Mdi, TakesChildrenMadeDirectly)
+{
+    const HWND first = Add("1"), second = AddDirectly("2", 0, client);
+    ASSERT_TRUE(second);
+    EXPECT_EQ(Active(), second);
+    EXPECT_EQ(parameter, 77);
+    EXPECT_EQ(GetDlgCtrlID(second), GetDlgCtrlID(first) + 1);
+    EXPECT_EQ(GetWindowLongA(second, GWL_STYLE), GetWindowLongA(first, GWL_STYLE));
+    EXPECT_TRUE(IsWindowVisible(second));
+    EXPECT_THAT(activations, testing::ElementsAre("1+", "1-", "2+"));
+    EXPECT_FALSE(AddDirectly("3", WS_CHILD, m_frame)) << "no client";
+    EXPECT_FALSE(AddDirectly("4", WS_OVERLAPPEDWINDOW, nullptr));
+}
+
+TEST_F(Mdi, LeavesAloneWhatCannotBeActive)
+{
+    LetChildrenChoose();
+    const HWND first = AddDirectly("1", WS_VISIBLE, client);
+    EXPECT_FALSE(GetWindowLongA(first, GWL_STYLE) & WS_CAPTION);
+    const HWND hidden = AddDirectly("2", WS_CHILD, client);
+    const HWND disabled = AddDirectly("3", WS_VISIBLE | WS_DISABLED, client);
+    ASSERT_TRUE(hidden && disabled);
+    EXPECT_FALSE(IsWindowVisible(hidden));
+    EXPECT_EQ(Active(), first);
 }
 
 TEST_F(Mdi, ActivatesAnotherWhenOneGoes)

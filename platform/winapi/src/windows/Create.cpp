@@ -1,3 +1,5 @@
+#include "Create.h"
+
 #include "../Error.h"
 #include "BackendLoader.h"
 #include "Destroy.h"
@@ -190,24 +192,30 @@ void Finish(const WindowRef& window, LONG style)
 
 } // namespace
 
-HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR name, DWORD style, int x, int y,
-                            int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
-                            LPVOID parameter)
+HWND MakeAsAsked(const CREATESTRUCTA& create)
 {
-    auto kind = className ? ClassOf(className, instance) : nullptr;
+    const auto style = static_cast<DWORD>(create.style);
+    auto kind = create.lpszClass ? ClassOf(create.lpszClass, create.hInstance) : nullptr;
     Relations relations;
     if (!kind)
         return Fail(ERROR_CANNOT_FIND_WND_CLASS), nullptr;
-    if (!FindRelations(parent, style, relations) || !HasToolkit(relations))
+    if (!FindRelations(create.hwndParent, style, relations) || !HasToolkit(relations))
         return nullptr;
-    const CREATESTRUCTA create = {
-        parameter, instance,  menu,   parent, height, width, y, x, static_cast<LONG>(style),
-        name,      className, exStyle};
     const WindowRef window = MakeWindow(create, std::move(kind), relations);
-    if (!MakePeer(window, name))
+    if (!MakePeer(window, create.lpszName))
         return DropWindow(window), nullptr;
     if (!Announce(window, create))
         return nullptr;
     Finish(window, create.style);
     return IsAlive(window) ? window->handle : nullptr;
+}
+
+HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR name, DWORD style, int x, int y,
+                            int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
+                            LPVOID parameter)
+{
+    const CREATESTRUCTA create = {
+        parameter, instance,  menu,   parent, height, width, y, x, static_cast<LONG>(style),
+        name,      className, exStyle};
+    return exStyle & WS_EX_MDICHILD ? MakeMdiChild(create) : MakeAsAsked(create);
 }

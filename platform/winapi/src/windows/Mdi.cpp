@@ -1,7 +1,9 @@
 #include "../Error.h"
+#include "Create.h"
 #include "Queue.h"
 #include "SystemClasses.h"
 #include "Window.h"
+#include "WindowClass.h"
 
 #include <algorithm>
 
@@ -9,8 +11,12 @@ namespace {
 
 // What the client keeps in its extra bytes.
 constexpr int kActiveChild = 0, kFirstId = sizeof(void*);
-constexpr DWORD kUsualStyle = WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME |
-                              WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+constexpr DWORD kUsualStyle =
+    WS_VISIBLE | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+// What a child may choose itself.
+constexpr DWORD kOwnStyle = WS_DISABLED | WS_MINIMIZE | WS_MAXIMIZE | WS_HSCROLL | WS_VSCROLL | 0xffff;
+// A client's style: its children choose everything.
+constexpr DWORD kAllChildStyles = 0x0001;
 // How far a window of default place lies from the one before.
 constexpr int kStep = 22;
 
@@ -71,35 +77,37 @@ int CountChildren(HWND client)
     return count;
 }
 
+bool IsClient(HWND window)
+{
+    const WindowRef client = window ? WindowOf(window) : nullptr;
+    return client && client->kind && client->kind->description.lpfnWndProc == MdiClientProc;
+}
+
+DWORD StyleOf(DWORD asked, HWND client)
+{
+    const bool all = GetWindowLongA(client, GWL_STYLE) & kAllChildStyles;
+    return WS_CHILD | WS_CLIPSIBLINGS | (all ? asked : (asked & kOwnStyle) | kUsualStyle);
+}
+
 // What stands for CW_USEDEFAULT.
-MDICREATESTRUCTA Placed(const MDICREATESTRUCTA& asked, HWND client, int count)
+void Place(CREATESTRUCTA& create, int count)
 {
     RECT area = {};
-    GetClientRect(client, &area);
-    MDICREATESTRUCTA placed = asked;
-    if (placed.x == CW_USEDEFAULT)
-        placed.x = placed.y = count * kStep;
-    if (placed.cx == CW_USEDEFAULT || placed.cx == 0)
-        placed.cx = area.right * 3 / 4;
-    if (placed.cy == CW_USEDEFAULT || placed.cy == 0)
-        placed.cy = area.bottom * 3 / 4;
-    return placed;
+    GetClientRect(create.hwndParent, &area);
+    if (create.x == CW_USEDEFAULT)
+        create.x = create.y = count * kStep;
+    if (create.cx == CW_USEDEFAULT || create.cx == 0)
+        create.cx = area.right * 3 / 4;
+    if (create.cy == CW_USEDEFAULT || create.cy == 0)
+        create.cy = area.bottom * 3 / 4;
 }
 
 LRESULT OnCreateChild(HWND client, WPARAM, LPARAM lParam)
 {
     const auto& asked = *reinterpret_cast<const MDICREATESTRUCTA*>(lParam);
-    const int count = CountChildren(client);
-    const MDICREATESTRUCTA placed = Placed(asked, client, count);
-    const DWORD style = WS_CHILD | WS_VISIBLE | kUsualStyle | placed.style;
-    const LONG_PTR id = GetWindowLongPtrA(client, kFirstId) + count;
-    const HWND child =
-        CreateWindowExA(WS_EX_MDICHILD, placed.szClass, placed.szTitle, style, placed.x, placed.y, placed.cx,
-                        placed.cy, client, reinterpret_cast<HMENU>(id), static_cast<HINSTANCE>(placed.hOwner),
-                        reinterpret_cast<LPVOID>(lParam));
-    if (child)
-        ActivateChild(client, child);
-    return reinterpret_cast<LRESULT>(child);
+    return reinterpret_cast<LRESULT>(CreateWindowExA(
+        WS_EX_MDICHILD, asked.szClass, asked.szTitle, asked.style, asked.x, asked.y, asked.cx, asked.cy,
+        client, nullptr, static_cast<HINSTANCE>(asked.hOwner), reinterpret_cast<LPVOID>(asked.lParam)));
 }
 
 LRESULT OnDestroyChild(HWND client, WPARAM wParam, LPARAM)
@@ -191,6 +199,33 @@ constexpr struct {
 };
 
 } // namespace
+
+HWND MakeMdiChild(const CREATESTRUCTA& asked)
+{
+    const HWND client = asked.hwndParent;
+    if (!IsClient(client))
+        return Fail(ERROR_NON_MDICHILD_WINDOW), nullptr;
+    CREATESTRUCTA create = asked;
+    const int count = CountChildren(client);
+    create.style = static_cast<LONG>(StyleOf(static_cast<DWORD>(asked.style), client));
+    create.hMenu = reinterpret_cast<HMENU>(GetWindowLongPtrA(client, kFirstId) + count);
+    Place(create, count);
+    // The child learns what was asked for; what its maker hands over stands in there.
+    MDICREATESTRUCTA told = {asked.lpszClass,
+                             asked.lpszName,
+                             asked.hInstance,
+                             create.x,
+                             create.y,
+                             create.cx,
+                             create.cy,
+                             static_cast<DWORD>(create.style),
+                             reinterpret_cast<LPARAM>(asked.lpCreateParams)};
+    create.lpCreateParams = &told;
+    const HWND child = MakeAsAsked(create);
+    if (child && MayBeActive(child))
+        ActivateChild(client, child);
+    return IsWindow(child) ? child : nullptr;
+}
 
 LRESULT CALLBACK MdiClientProc(HWND client, UINT message, WPARAM wParam, LPARAM lParam)
 {
