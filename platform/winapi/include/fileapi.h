@@ -151,8 +151,9 @@ WINBASEAPI BOOL WINAPI SetFileTime(HANDLE file, const FILETIME* created, const F
 
 WINBASEAPI BOOL WINAPI CloseHandle(HANDLE object);
 
-// Another handle of the same open file, with the same position and access.
-// Differs: within this process and with DUPLICATE_SAME_ACCESS only (else ERROR_NOT_SUPPORTED).
+// Another handle of the same open file, with the same position and access, or of the same thread or event.
+// Differs: within this process and with DUPLICATE_SAME_ACCESS only (else ERROR_NOT_SUPPORTED); not of what
+// GetCurrentThread answers (ERROR_INVALID_HANDLE).
 WINBASEAPI BOOL WINAPI DuplicateHandle(HANDLE fromProcess, HANDLE from, HANDLE toProcess, HANDLE* to,
                                        DWORD access, BOOL inherit, DWORD options);
 

@@ -113,6 +113,15 @@ HANDLE OpenRequest(const Request& request)
     return AddHandle(std::move(file));
 }
 
+// The object of a handle that CloseHandle closes; else null with ERROR_INVALID_HANDLE.
+std::shared_ptr<KernelObject> ClosableObject(HANDLE handle)
+{
+    auto object = HandleObject(handle); // a search has an end of its own
+    if (!std::dynamic_pointer_cast<OpenFile>(object) && !std::dynamic_pointer_cast<Waitable>(object))
+        return Fail(ERROR_INVALID_HANDLE), nullptr;
+    return object;
+}
+
 } // namespace
 
 HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES, DWORD disposition,
@@ -129,9 +138,8 @@ BOOL WINAPI CloseHandle(HANDLE object)
 {
     if (object == GetCurrentProcess() || object == GetCurrentThread())
         return TRUE;
-    const auto known = HandleObject(object); // a search has an end of its own
-    if (!std::dynamic_pointer_cast<OpenFile>(known) && !std::dynamic_pointer_cast<Waitable>(known))
-        return Fail(ERROR_INVALID_HANDLE);
+    if (!ClosableObject(object))
+        return FALSE;
     RemoveHandle(object);
     return TRUE;
 }
@@ -143,10 +151,10 @@ BOOL WINAPI DuplicateHandle(HANDLE fromProcess, HANDLE from, HANDLE toProcess, H
         return Fail(ERROR_INVALID_HANDLE);
     if (!(options & DUPLICATE_SAME_ACCESS))
         return Fail(ERROR_NOT_SUPPORTED);
-    const auto file = ObjectOf<OpenFile>(from);
-    if (!file)
+    auto object = ClosableObject(from);
+    if (!object)
         return FALSE;
-    *to = AddHandle(file);
+    *to = AddHandle(std::move(object));
     if (options & DUPLICATE_CLOSE_SOURCE)
         RemoveHandle(from);
     return *to != INVALID_HANDLE_VALUE;
