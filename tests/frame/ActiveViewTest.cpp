@@ -26,8 +26,12 @@ CCreateContext WithView()
 class ActiveView : public testing::Test
 {
 protected:
-    // The application lets its main window go.
-    void TearDown() override { m_app.m_pMainWnd = nullptr; }
+    // A main window that goes ends the application: not this test's program.
+    void Destroy(CWnd* window)
+    {
+        m_app.m_pMainWnd = nullptr;
+        window->DestroyWindow();
+    }
 
     CWinApp m_app{"Example"};
 };
@@ -48,7 +52,7 @@ TEST_F(ActiveView, IsNullWhereAnythingIsMissing)
     ASSERT_TRUE(frame->Create(nullptr, "Frame", WS_OVERLAPPEDWINDOW, kPlace));
     m_app.m_pMainWnd = frame;
     EXPECT_EQ(GetActiveView(), nullptr) << "the frame has no view";
-    frame->DestroyWindow();
+    Destroy(frame);
     plain.DestroyWindow();
 }
 
@@ -64,7 +68,7 @@ TEST_F(ActiveView, IsTheFrames)
     EXPECT_EQ(GetActiveView(), nullptr);
     frame->SetActiveView(view);
     EXPECT_EQ(GetActiveView(), view);
-    frame->DestroyWindow();
+    Destroy(frame);
 }
 
 // An MDI frame's active view is that of its active child.
@@ -90,7 +94,7 @@ TEST_F(ActiveView, IsTheActiveChilds)
     EXPECT_EQ(GetActiveView(), views[0]);
     children[0]->DestroyWindow();
     EXPECT_EQ(GetActiveView(), views[1]);
-    frame->DestroyWindow();
+    Destroy(frame);
 }
 
 } // namespace

@@ -30,10 +30,20 @@ public:
         PostMessage(kDuring);
     }
 
+    // Again and again until the action answers true.
+    void Until(std::function<bool()> action)
+    {
+        m_action = [this, action] {
+            if (action())
+                KillTimer(1);
+        };
+        SetTimer(1, kSoon);
+    }
+
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        if (message != kDuring)
+        if (message != kDuring && message != WM_TIMER)
             return CWnd::WindowProc(message, wParam, lParam);
         m_action();
         return 0;
@@ -47,13 +57,13 @@ BOOL CALLBACK TakeDialog(HWND window, LPARAM found)
 {
     char name[64] = "";
     GetClassNameA(window, name, sizeof name);
-    const bool isBox = std::strcmp(name, "#32770") == 0 && IsWindowVisible(window);
+    const bool isBox = std::strcmp(name, "#32770") == 0;
     if (isBox)
         *reinterpret_cast<HWND*>(found) = window;
     return !isBox;
 }
 
-// The box that is open in this thread; null if there is none.
+// The box that is open in this thread; null if there is none. It is shown when nothing else is left to do.
 HWND Box()
 {
     HWND box = nullptr;
@@ -131,7 +141,7 @@ TEST_F(TimedMessageBoxTest, WaitsForTheUser)
 {
     for (const DWORD timeout : {DWORD{0}, kNever}) {
         SCOPED_TRACE(timeout);
-        m_main.During([] { PostMessageA(Box(), WM_COMMAND, IDNO, 0); });
+        m_main.Until([] { return IsWindowVisible(Box()) && PostMessageA(Box(), WM_COMMAND, IDNO, 0); });
         EXPECT_EQ(TimedMessageBox(nullptr, nullptr, MB_YESNO, timeout, "text"), unsigned{IDNO});
     }
 }
@@ -167,6 +177,7 @@ TEST_F(TimedMessageBoxTest, StopsItsTimer)
 {
     m_main.During([] { EndDialog(Box(), IDOK); });
     EXPECT_EQ(TimedMessageBox(nullptr, nullptr, MB_OK, kSoon, "text"), unsigned{IDOK});
+    m_main.Until([] { return true; });
     m_main.SetTimer(1, 5 * kSoon);
     int ticks = 0;
     MSG message{};
