@@ -102,7 +102,7 @@ public:
     BOOL CreateCompatibleDC(CDC* dc);
     virtual BOOL DeleteDC();
 
-    // A level for RestoreDC, of both contexts alike; 0 on failure.
+    // A level for RestoreDC; -1, the last level of each, where the contexts are two; 0 on failure.
     virtual int SaveDC();
     virtual BOOL RestoreDC(int level);
 

@@ -50,6 +50,11 @@ public:
     // Override it to route commands on to other targets.
     virtual BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* handlerInfo);
 
+    // The hourglass, as CWaitCursor shows it. Restoring it is no fault when it is not there.
+    void BeginWaitCursor();
+    void EndWaitCursor();
+    void RestoreWaitCursor();
+
 protected:
     friend class CWnd;
     static const AFX_MSGMAP* GetThisMessageMap();
@@ -152,7 +157,7 @@ public:
     void InvalidateRect(LPCRECT rect, BOOL erase = TRUE) { ::InvalidateRect(Live(), rect, erase); }
     void UpdateWindow() { ::UpdateWindow(Live()); }
     BOOL RedrawWindow(LPCRECT rect = nullptr, UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
-    CDC* GetDC(); // a temporary object
+    CDC* GetDC(); // a temporary object, which ReleaseDC deletes
     int ReleaseDC(CDC* dc);
 
     // Hierarchy. Null where there is none.

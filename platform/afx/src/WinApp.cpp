@@ -98,13 +98,12 @@ LRESULT CWinApp::ProcessWndProcException(CException* exception, const MSG* messa
 
 void CWinApp::DoWaitCursor(int code)
 {
-    m_waitCursors = std::max(m_waitCursors + code, 0);
-    if (m_waitCursors == 0) {
-        ::SetCursor(m_cursorBefore);
+    const int nested = m_waitCursors;
+    m_waitCursors = std::max(nested + code, 0);
+    if (!nested && !m_waitCursors)
         return;
-    }
-    const HCURSOR before = ::SetCursor(LoadStandardCursor(IDC_WAIT));
-    if (code > 0 && m_waitCursors == 1)
+    const HCURSOR before = ::SetCursor(m_waitCursors ? LoadStandardCursor(IDC_WAIT) : m_cursorBefore);
+    if (!nested)
         m_cursorBefore = before;
 }
 

@@ -198,6 +198,10 @@ TEST(CWinApp, NestsWaitCursors)
     EXPECT_EQ(wait, ::GetCursor()) << "shown again";
     app.DoWaitCursor(-1);
     EXPECT_EQ(arrow, ::GetCursor());
+    for (const int code : {0, -1}) {
+        app.DoWaitCursor(code);
+        EXPECT_EQ(arrow, ::GetCursor()) << "there was nothing to restore, and nothing to end";
+    }
 }
 
 TEST(AfxMessageBox, TakesTheNumberOfAText)

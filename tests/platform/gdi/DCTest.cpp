@@ -61,7 +61,9 @@ TEST(DC, OfAHandleIsTheSameUntilTemporaryOnesGo)
     EXPECT_TRUE(temporary->m_hDC == handle && temporary->m_hAttribDC == handle);
     EXPECT_EQ(CDC::FromHandle(handle), temporary);
     std::thread([&handle, temporary] { EXPECT_NE(CDC::FromHandle(handle), temporary); }).join();
+    temporary->m_bPrinting = TRUE;
     CDC::DeleteTempMap();
+    EXPECT_FALSE(CDC::FromHandle(handle)->IsPrinting()) << "another object";
     EXPECT_EQ(GetMapMode(handle), MM_TEXT);
 }
 
@@ -214,7 +216,8 @@ TEST(DC, SetsBothContextsAndAsksTheSecond)
     const HDC output = dc;
     const MemoryContext attributes;
     dc.SetAttribDC(attributes);
-    EXPECT_EQ(dc.SaveDC(), 1);
+    EXPECT_EQ(SaveDC(output), 1);
+    EXPECT_EQ(dc.SaveDC(), -1); // 2 there, 1 here
     SetViewportOrgEx(attributes, 5, 5, nullptr);
     EXPECT_TRUE(dc.SetViewportOrg(1, 2) == CPoint(5, 5)); // of the one that is asked
     EXPECT_EQ(dc.SetMapMode(MM_TWIPS), MM_TEXT);
@@ -230,6 +233,7 @@ TEST(DC, SetsBothContextsAndAsksTheSecond)
     EXPECT_FALSE(dc.RestoreDC(-1));
 
     dc.ReleaseAttribDC();
+    EXPECT_EQ(CDC::FromHandle(output), &dc);
     EXPECT_EQ(dc.GetMapMode(), 0);
     EXPECT_EQ(dc.SetMapMode(MM_TWIPS), MM_TEXT); // the other's
     EXPECT_TRUE(dc.GetTextExtent("text", 4) == CSize(0, 0));

@@ -74,8 +74,11 @@ BOOL CWinThread::DispatchThreadMessageEx(MSG* message)
 
 BOOL CWinThread::OnIdle(LONG count)
 {
-    if (count == 0)
+    if (count == 0) {
         CWnd::DeleteTempMap();
+        CDC::DeleteTempMap();
+        CGdiObject::DeleteTempMap();
+    }
     return FALSE;
 }
 

@@ -1,14 +1,8 @@
 #include <afxgdi_.h>
 
-#include "HandleMap.h"
+#include "ContextMap.h"
 
 IMPLEMENT_DYNAMIC(CDC, CObject)
-
-namespace {
-
-using ContextMap = HandleMap<CDC, CDC, &CDC::m_hDC>;
-
-} // namespace
 
 CDC::~CDC()
 {
@@ -26,12 +20,7 @@ HDC CDC::GetSafeHdc() const
 CDC* CDC::FromHandle(HDC dc)
 {
     ContextMap* map = ContextMap::Current();
-    if (!dc || !map)
-        return nullptr;
-    CDC* object = map->FindOrMake(dc);
-    if (!object->m_hAttribDC)
-        object->m_hAttribDC = dc;
-    return object;
+    return dc && map ? map->FindOrMake(dc) : nullptr;
 }
 
 void CDC::DeleteTempMap()
@@ -74,7 +63,9 @@ BOOL CDC::DeleteDC()
 int CDC::SaveDC()
 {
     const int level = m_hAttribDC ? ::SaveDC(m_hAttribDC) : 0;
-    return m_hDC == m_hAttribDC ? level : ::SaveDC(m_hDC);
+    if (m_hDC == m_hAttribDC || !::SaveDC(m_hDC))
+        return level;
+    return -1; // each counts its own levels
 }
 
 BOOL CDC::RestoreDC(int level)

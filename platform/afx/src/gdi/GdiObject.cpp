@@ -10,7 +10,12 @@ IMPLEMENT_DYNAMIC(CFont, CGdiObject)
 
 namespace {
 
-using FontMap = HandleMap<CGdiObject, CFont, &CGdiObject::m_hObject>;
+void SetHandle(CGdiObject& object, HGDIOBJ handle)
+{
+    object.m_hObject = handle;
+}
+
+using FontMap = HandleMap<CGdiObject, CFont, SetHandle>;
 
 // A device height in logical units, without sign and origin.
 LONG LogicalHeight(HDC dc, int pixels)

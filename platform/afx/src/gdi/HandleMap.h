@@ -4,9 +4,9 @@
 #include <memory>
 #include <unordered_map>
 
-// `Object` has a handle member, named by `handle`, which its destructor would delete. Those that are made
+// `setHandle` gives an `Object` a handle, which its destructor would delete, or null. Those that are made
 // here are of the class `Made`, which derives from it or is the same.
-template <class Object, class Made, auto handle>
+template <class Object, class Made, auto setHandle>
 class HandleMap
 {
 public:
@@ -27,7 +27,7 @@ public:
         std::unique_ptr<Made>& object = m_temporary[key];
         if (!object) {
             object = std::make_unique<Made>();
-            object.get()->*handle = key;
+            setHandle(*object, key);
         }
         return object.get();
     }
@@ -41,9 +41,13 @@ public:
 
     void DeleteTemporary()
     {
-        for (auto& entry : m_temporary)
-            entry.second.get()->*handle = nullptr;
-        m_temporary.clear();
+        while (!m_temporary.empty())
+            DeleteTemporary(m_temporary.begin()->first);
+    }
+    void DeleteTemporary(void* key)
+    {
+        if (const auto entry = m_temporary.extract(key))
+            setHandle(*entry.mapped(), nullptr);
     }
 
 private:
@@ -62,8 +66,8 @@ private:
     std::unordered_map<void*, std::unique_ptr<Made>> m_temporary;
 };
 
-template <class Object, class Made, auto handle>
-struct HandleMap<Object, Made, handle>::Owner {
+template <class Object, class Made, auto setHandle>
+struct HandleMap<Object, Made, setHandle>::Owner {
     Owner() { t_current = &map; }
     ~Owner()
     {

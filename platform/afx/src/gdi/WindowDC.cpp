@@ -1,4 +1,6 @@
 // Contexts of windows, and what windows know of contexts and fonts.
+#include "ContextMap.h"
+
 #include <afxwin.h>
 
 IMPLEMENT_DYNAMIC(CClientDC, CDC)
@@ -33,7 +35,11 @@ CDC* CWnd::GetDC()
 
 int CWnd::ReleaseDC(CDC* dc)
 {
-    return ::ReleaseDC(Live(), dc->m_hDC);
+    const HDC handle = dc->m_hDC;
+    ContextMap* map = ContextMap::Current();
+    if (map)
+        map->DeleteTemporary(handle); // or a program that never idles would pile them up
+    return ::ReleaseDC(Live(), handle);
 }
 
 void CWnd::SetFont(CFont* font, BOOL redraw)
