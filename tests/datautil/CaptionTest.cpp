@@ -109,6 +109,47 @@ TEST_F(Caption, OnlyThatOfTheChildIsFilled)
     EXPECT_EQ(TextOf(m_window.m_hWnd), "before");
 }
 
+// Shown, so that the control that draws the caption has its say.
+TEST_F(Caption, IsThatOfAnyControl)
+{
+    const struct {
+        const char *label, *className;
+        DWORD style;
+        const char *caption, *filled;
+    } rows[] = {
+        {"static text", "STATIC", SS_LEFT, "Area (m%s)", "Area (m^2)"},
+        {"push button", "BUTTON", BS_PUSHBUTTON, "&Use m%s", "&Use m^2"},
+        {"check box", "BUTTON", BS_AUTOCHECKBOX, "in m%s && N", "in m^2 && N"},
+        {"radio button", "BUTTON", BS_AUTORADIOBUTTON, "m%s", "m^2"},
+        {"group box", "BUTTON", BS_GROUPBOX, "Units: m%s", "Units: m^2"},
+        {"edit", "EDIT", ES_AUTOHSCROLL, "3 m%s", "3 m^2"},
+        {"edit of several lines", "EDIT", ES_MULTILINE, "1%s\r\n2%s\r\n", "1^2\r\n2%s\r\n"},
+        {"combo box", "COMBOBOX", CBS_DROPDOWN, "m%s", "m^2"},
+    };
+    m_window.ShowWindow(SW_SHOWNOACTIVATE);
+    int id = 100;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        const HWND control = Create(row.className, m_window.m_hWnd, WS_CHILD | WS_VISIBLE | row.style, ++id);
+        ASSERT_NE(control, nullptr);
+        SetWindowTextA(control, row.caption);
+        EXPECT_EQ(CSpecialChar::FillWindowChar(&m_window, id, "^2"), 1);
+        EXPECT_EQ(TextOf(control), row.filled);
+    }
+}
+
+// Of the window's own children: a control within a control is not looked for.
+TEST_F(Caption, OfAGrandchildIsNotFilled)
+{
+    constexpr int kInner = 200;
+    const HWND inner = Create("STATIC", m_label, WS_CHILD, kInner);
+    SetWindowTextA(inner, "m%s");
+    EXPECT_EQ(CSpecialChar::FillWindowChar(&m_window, kInner, "x"), 0);
+    EXPECT_EQ(TextOf(inner), "m%s");
+    EXPECT_EQ(CSpecialChar::FillWindowChar(CWnd::FromHandle(m_label), kInner, "x"), 1);
+    EXPECT_EQ(TextOf(inner), "mx");
+}
+
 TEST_F(Caption, OfNoWindowIsNotFilled)
 {
     CWnd none;

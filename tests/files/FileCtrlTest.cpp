@@ -2,10 +2,8 @@
 #include "MultibytePage.h"
 #include "Scratch.h"
 
-#include <afxwin.h>
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <string>
 
 namespace {
@@ -99,54 +97,6 @@ TEST(FileCtrl, ShorteningCutsNoCharacterApart)
     EXPECT_EQ(file.GetAbbPathNameExt(17), "C:\\...\\\x95\x5C\\f.txt");
     EXPECT_EQ(file.GetAbbPathNameExt(14), "C:\\...\\f.txt");
     EXPECT_EQ(file.GetAbbPathNameExt(11), "f.txt");
-}
-
-// Every form is the answer from its own width on, and the next shorter one below.
-TEST(FileCtrl, ShortensToAWidth)
-{
-    static constexpr const char* kForms[] = {"C:\\Alpha\\B\\C\\file.txt", "C:\\...\\B\\C\\file.txt",
-                                             "C:\\...\\C\\file.txt", "C:\\...\\file.txt", "file.txt"};
-    constexpr int kShorter = static_cast<int>(std::size(kForms)) - 1;
-    const struct {
-        const char* label;
-        CPoint window, viewport; // origins
-        int scale;
-        int shift; // of a width in pixels
-    } rows[] = {{"plain", {0, 0}, {0, 0}, 1, 0},
-                {"the viewport's origin widens", {0, 0}, {7, 3}, 1, 7},
-                {"the window's origin narrows", {5, 0}, {0, 0}, 1, -5},
-                {"both, scaled", {5, 0}, {7, 0}, 3, -5 * 3 + 7}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        CDC dc;
-        ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-        dc.SetMapMode(MM_ANISOTROPIC);
-        dc.SetViewportExt(row.scale, row.scale);
-        dc.SetWindowOrg(row.window);
-        dc.SetViewportOrg(row.viewport);
-        CFileCtrl file(kForms[0]);
-        for (int i = 0; i < kShorter; ++i) {
-            const LONG width = dc.GetTextExtent(kForms[i]).cx * row.scale + row.shift;
-            RECT exact{-20, 0, width - 20, 0}, tight{0, 0, width - 1, 0};
-            EXPECT_EQ(file.GetAbbPathNameExt(&dc, &exact), kForms[i]);
-            EXPECT_EQ(file.GetAbbPathNameExt(&dc, &tight), kForms[i + 1]);
-        }
-        RECT none{0, 0, -1, 0};
-        EXPECT_EQ(file.GetAbbPathNameExt(&dc, &none), kForms[kShorter]);
-    }
-}
-
-// What is measured is the context for measures, which may be another than the one drawn to.
-TEST(FileCtrl, MeasuresOnTheAttributeContext)
-{
-    CDC measures, dc;
-    ASSERT_TRUE(measures.CreateCompatibleDC(nullptr) && dc.CreateCompatibleDC(nullptr));
-    measures.SetViewportOrg(10000, 0);
-    dc.SetAttribDC(measures);
-    RECT room{0, 0, 9999, 0};
-    EXPECT_EQ(CFileCtrl("C:\\A\\file.txt").GetAbbPathNameExt(&dc, &room), "file.txt");
-    dc.SetAttribDC(dc);
-    EXPECT_EQ(CFileCtrl("C:\\A\\file.txt").GetAbbPathNameExt(&dc, &room), "C:\\A\\file.txt");
 }
 
 TEST(FileCtrl, AsksTheDisk)
