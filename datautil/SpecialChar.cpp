@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <vector>
 
 namespace {
 
@@ -52,6 +53,40 @@ CString TextOf(HWND window)
     return text;
 }
 
+constexpr struct {
+    const char* locale;
+    UINT page;
+} kPages[] = {{"0412", 949}, {"0411", 932}, {"0804", 936}, {"0409", 1252}};
+
+// Empty when the text is not one of the page.
+std::vector<WCHAR> Wide(UINT page, const CString& text)
+{
+    const int units = ::MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, text, -1, nullptr, 0);
+    std::vector<WCHAR> wide(static_cast<std::size_t>(units));
+    ::MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, text, -1, wide.data(), units);
+    return wide;
+}
+
+CString InActivePage(const std::vector<WCHAR>& wide)
+{
+    const int bytes = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
+    CString text;
+    ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.GetBuffer(bytes), bytes, nullptr, nullptr);
+    text.ReleaseBuffer();
+    return text;
+}
+
+// A symbol as windows can show it: where they speak UTF-8, its bytes are no text.
+CString Shown(const CString& text)
+{
+    if (text.IsEmpty() || !Wide(CP_ACP, text).empty())
+        return text;
+    for (const auto& row : kPages)
+        if (const auto wide = Wide(row.page, text); CLocaleLib::csLocale == row.locale && !wide.empty())
+            return InActivePage(wide);
+    return text;
+}
+
 template <class... TEXTS>
 int FillCaption(const CWnd* window, int id, const TEXTS&... texts)
 {
@@ -61,7 +96,7 @@ int FillCaption(const CWnd* window, int id, const TEXTS&... texts)
     if (!control)
         return 0;
     CString filled;
-    filled.Format(TextOf(control), texts...);
+    filled.Format(TextOf(control), Shown(texts)...);
     ::SetWindowTextA(control, filled);
     return 1;
 }

@@ -1,4 +1,5 @@
 // The captions of controls that CSpecialChar fills.
+#include "LocaleLib.h"
 #include "SpecialChar.h"
 
 #include <afxwin.h>
@@ -175,6 +176,31 @@ TEST_F(Caption, InKoreanKeepsItsCharacters)
     for (int i = 0; i < 5'000; ++i)
         syllables += "\xB0\xA1";
     EXPECT_EQ(Filled(syllables + "%s", "\xB3\xAA"), syllables + "\xB3\xAA");
+}
+
+// A Korean desktop of today speaks UTF-8; the symbols' bytes stay those of the code page 949.
+TEST_F(Caption, InUtf8ShowsTheSymbolsOfTheLanguage)
+{
+    if (GetACP() != CP_UTF8)
+        GTEST_SKIP() << "another code page";
+    const CString before = CLocaleLib::csLocale;
+    static const struct {
+        const char *locale, *symbol, *filled;
+    } kRows[] = {
+        {"0412", "\xA9\xF7", "\xEB\xA9\xB4 \xC2\xB2"},
+        {"0412", "^2", "\xEB\xA9\xB4 ^2"},
+        {"0412", "\xC2\xB2", "\xEB\xA9\xB4 \xC2\xB2"},
+        {"0411", "\x83\xC0", "\xEB\xA9\xB4 \xCE\xB2"},
+        {"0804", "\xA6\xCB", "\xEB\xA9\xB4 \xCE\xBB"},
+        {"0409", "\xB7", "\xEB\xA9\xB4 \xC2\xB7"},
+        {"0412", "", "\xEB\xA9\xB4 "},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(testing::Message() << row.locale << ' ' << row.filled);
+        CLocaleLib::csLocale = row.locale;
+        EXPECT_EQ(Filled("\xEB\xA9\xB4 %s", row.symbol), row.filled);
+    }
+    CLocaleLib::csLocale = before;
 }
 
 } // namespace
