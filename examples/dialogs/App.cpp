@@ -1,10 +1,6 @@
-// A host with windows: how a program starts on the library, names itself, finds its texts and language, reads
-// its switches and shows its dialogs.
-//   dialogs [section] [message]     what to open besides the main window
+// A host with windows: how a program starts on the library, tells who it is, and shows its main window.
 #include "DemoProduct.h"
 #include "MainFrame.h"
-
-#include <cstring>
 
 namespace {
 
@@ -14,30 +10,33 @@ public:
     CDialogsApp() : CWinApp("Dialogs") {}
 
     BOOL InitInstance() override;
+    int ExitInstance() override;
 
 private:
-    bool IsAskedFor(const char* what) const { return std::strstr(m_lpCmdLine, what) != nullptr; }
-
-    DemoProduct m_product;
+    DemoProduct m_product; // from now on the library knows the host
+    bool m_started = false;
 };
 
 BOOL CDialogsApp::InitInstance()
 {
-    auto* frame = new CMainFrame; // deletes itself when its window is gone
+    auto* frame = new CMainFrame; // deletes itself with its window, or here when there is none
     if (!frame->Open()) {
         FmtMessageBox("%s", DemoText("IDS_DEMO_NO_WINDOW"));
         return FALSE;
     }
-    m_pMainWnd = frame;
+    m_pMainWnd = frame; // the program ends with this window
     frame->ShowWindow(m_nCmdShow);
     frame->UpdateWindow();
-    if (IsAskedFor("section"))
-        frame->ShowSection();
-    if (IsAskedFor("message"))
-        frame->ShowMessage();
+    m_started = true;
     return TRUE;
 }
 
-CDialogsApp theApp;
+int CDialogsApp::ExitInstance()
+{
+    const int code = CWinApp::ExitInstance();
+    return m_started ? code : 1;
+}
+
+CDialogsApp theApp; // all that the program consists of: its entry is ZEK::main's
 
 } // namespace

@@ -7,7 +7,7 @@
 class DemoProduct : public IProductInfo
 {
 public:
-    // The message library is DEMO_msg.
+    // The message library is DEMO_msg.DLL.
     CString GetProductPrefix() override { return "DEMO"; }
     int GetProductID() override { return 1; }
     CString GetAuxText() override { return ""; }

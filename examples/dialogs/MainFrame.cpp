@@ -5,23 +5,19 @@
 BEGIN_MESSAGE_MAP(CMainFrame, CFrameWnd)
 ON_WM_CREATE()
 ON_WM_SIZE()
+ON_WM_SETFOCUS()
 END_MESSAGE_MAP()
-
-CMainFrame::CMainFrame() : m_form(this), m_section(this)
-{
-}
 
 bool CMainFrame::Open()
 {
-    const CRect place(60, 60, 60 + 560, 60 + 230);
+    const CRect place(CPoint(60, 60), CSize(560, 220));
     return Create(nullptr, DemoText("IDS_DEMO_TITLE"), WS_OVERLAPPEDWINDOW, place) != FALSE;
 }
 
 int CMainFrame::OnCreate(LPCREATESTRUCT create)
 {
-    if (CFrameWnd::OnCreate(create) == -1 || !m_form.Open())
-        return -1;
-    return 0;
+    const bool made = CFrameWnd::OnCreate(create) != -1 && m_form.Create(IDD_PATH, this);
+    return made ? 0 : -1;
 }
 
 void CMainFrame::OnSize(UINT type, int width, int height)
@@ -33,10 +29,8 @@ void CMainFrame::OnSize(UINT type, int width, int height)
     m_form.Arrange(width);
 }
 
-void CMainFrame::ShowSection()
+// The keyboard is the form's.
+void CMainFrame::OnSetFocus(CWnd*)
 {
-    if (!m_section.GetSafeHwnd())
-        m_section.Open();
-    m_section.ShowWindow(SW_SHOW);
-    m_section.SetActiveWindow();
+    m_form.SetFocus();
 }

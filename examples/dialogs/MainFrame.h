@@ -1,27 +1,21 @@
-// The main window.
+// The main window: a frame, and the form that fills it.
 #pragma once
 
 #include "PathForm.h"
-#include "SectionDialog.h"
 
 class CMainFrame : public CFrameWnd
 {
 public:
-    CMainFrame();
-
-    // False when no window can be opened.
+    // False when no window can be opened; the object is gone then.
     bool Open();
-    // Opens the section dialog, or brings it to the front.
-    void ShowSection();
-    void ShowMessage() { m_form.PostMessage(WM_COMMAND, IDC_SHOW_MESSAGE); }
 
 protected:
     int OnCreate(LPCREATESTRUCT create);
     void OnSize(UINT type, int width, int height);
+    void OnSetFocus(CWnd* old);
 
     DECLARE_MESSAGE_MAP()
 
 private:
     CPathForm m_form;
-    CSectionDialog m_section;
 };

@@ -1,13 +1,12 @@
 #include "PathForm.h"
 
 #include "DemoProduct.h"
-#include "MainFrame.h"
 
 namespace {
 
 constexpr char kReport[] =
     "C:\\Projects\\2026\\Bridge at the harbour\\Analysis\\Results\\Load case 12\\report.xlsx";
-constexpr int kSecondsToRead = 5;
+constexpr int kSecondsToRead = 3;
 constexpr int kMargin = 12; // right of the labels, in pixels
 
 } // namespace
@@ -15,27 +14,17 @@ constexpr int kMargin = 12; // right of the labels, in pixels
 BEGIN_MESSAGE_MAP(CPathForm, CDialog)
 ON_BN_CLICKED(IDC_SHOW_SECTION, &CPathForm::OnShowSection)
 ON_BN_CLICKED(IDC_SHOW_MESSAGE, &CPathForm::OnShowMessage)
+ON_BN_CLICKED(ID_APP_EXIT, &CPathForm::OnExit)
 END_MESSAGE_MAP()
 
-CPathForm::CPathForm(CMainFrame* frame) : CDialog(IDD_MAIN, frame), m_frame(frame), m_path(kReport)
+CPathForm::CPathForm() : m_path(kReport)
 {
-}
-
-BOOL CPathForm::Open()
-{
-    return Create(IDD_MAIN, m_frame);
 }
 
 BOOL CPathForm::OnInitDialog()
 {
-    CDialog::OnInitDialog();
     SetDlgItemText(IDC_STATE, StateText());
-    return TRUE;
-}
-
-void CPathForm::OnCancel()
-{
-    m_frame->PostMessage(WM_CLOSE);
+    return CDialog::OnInitDialog();
 }
 
 void CPathForm::Arrange(int width)
@@ -45,7 +34,7 @@ void CPathForm::Arrange(int width)
     ShowPath();
 }
 
-void CPathForm::WidenTo(int width, UINT id)
+void CPathForm::WidenTo(int width, int id)
 {
     CRect label;
     GetDlgItem(id)->GetWindowRect(label);
@@ -60,11 +49,12 @@ void CPathForm::ShowPath()
     CRect room;
     label->GetClientRect(room);
     CClientDC dc(label);
-    CFont* before = dc.SelectObject(label->GetFont());
+    CFont* before = dc.SelectObject(label->GetFont()); // measured in the font it is shown in
     label->SetWindowText(m_path.GetAbbPathNameExt(&dc, room));
     dc.SelectObject(before);
 }
 
+// What the library knows of the user's language, of the testers' switches and of the program.
 CString CPathForm::StateText() const
 {
     const char* traced = CTestEnvMgr::IsTestEnvST("Trace", "on") ? "on" : "off";
@@ -74,13 +64,22 @@ CString CPathForm::StateText() const
     return text;
 }
 
+// Opens the dialog, or brings the one that is open to the front.
 void CPathForm::OnShowSection()
 {
-    m_frame->ShowSection();
+    if (!m_section.GetSafeHwnd())
+        m_section.Create(IDD_SECTION, GetParentFrame());
+    m_section.ShowWindow(SW_SHOW);
+    m_section.SetActiveWindow();
 }
 
 void CPathForm::OnShowMessage()
 {
     TimedMessageBox(nullptr, nullptr, MB_OK | MB_ICONINFORMATION, kSecondsToRead * 1000,
                     DemoText("IDS_DEMO_TIMED"), m_path.GetFileName(), kSecondsToRead);
+}
+
+void CPathForm::OnExit()
+{
+    GetParentFrame()->PostMessage(WM_CLOSE);
 }

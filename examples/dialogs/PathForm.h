@@ -1,36 +1,33 @@
 // What fills the main window: the report's path, shortened to the room there is, and the buttons.
 #pragma once
 
-#include "resource.h"
-
-#include <ZEK_lib.h>
-
-class CMainFrame;
+#include "SectionDialog.h"
 
 class CPathForm : public CDialog
 {
 public:
-    explicit CPathForm(CMainFrame* frame);
+    CPathForm();
 
-    BOOL Open();
     // Gives the labels the form's width and writes the path anew.
     void Arrange(int width);
 
 protected:
     BOOL OnInitDialog() override;
-    void OnOK() override {} // Enter presses the default button, and nothing else closes the form
-    void OnCancel() override;
+    // Enter presses the default button; neither it nor Esc closes the form.
+    void OnOK() override {}
+    void OnCancel() override {}
 
     void OnShowSection();
     void OnShowMessage();
+    void OnExit();
 
     DECLARE_MESSAGE_MAP()
 
 private:
-    void WidenTo(int width, UINT id);
+    void WidenTo(int width, int id);
     void ShowPath();
     CString StateText() const;
 
-    CMainFrame* m_frame;
     CFileCtrl m_path;
+    CSectionDialog m_section;
 };

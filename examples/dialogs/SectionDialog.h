@@ -5,25 +5,18 @@
 
 #include <ZEK_lib.h>
 
-class CMainFrame;
-
 class CSectionDialog : public CDialog
 {
-public:
-    explicit CSectionDialog(CMainFrame* frame);
-
-    BOOL Open();
-
 protected:
     BOOL OnInitDialog() override;
-    void DoDataExchange(CDataExchange* dx) override;
+    void DoDataExchange(CDataExchange* exchange) override;
+    // A modeless dialog destroys its window; the object and its values stay.
     void OnOK() override;
     void OnCancel() override;
 
 private:
-    void FillLists();
+    void FillList(int id, UINT message, const char* key);
 
-    CMainFrame* m_frame;
     CString m_name = "H-400x200";
     int m_shape = 0;
     double m_area = 0.008337;

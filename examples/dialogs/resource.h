@@ -1,7 +1,9 @@
 // Numbers of the example's resources.
 #pragma once
 
-#define IDD_MAIN 101
+#include <afxres.h>
+
+#define IDD_PATH 101
 #define IDD_SECTION 102
 
 #define IDC_PATH 1001
@@ -20,10 +22,10 @@
 #define IDC_SHEAR 1109
 #define IDC_CASES 1110
 
-#define IDS_TITLE 2001
-#define IDS_NO_WINDOW 2002
-#define IDS_TIMED 2003
-#define IDS_STATE 2004
-#define IDS_SECTION_TEXT 2005
-#define IDS_SHAPE_FIRST 2011
-#define IDS_CASE_FIRST 2021
+#define IDS_DEMO_TITLE 2001
+#define IDS_DEMO_NO_WINDOW 2002
+#define IDS_DEMO_TIMED 2003
+#define IDS_DEMO_STATE 2004
+#define IDS_DEMO_SECTION 2005
+#define IDS_DEMO_SHAPES 2006
+#define IDS_DEMO_CASES 2007
