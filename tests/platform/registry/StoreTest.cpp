@@ -1,4 +1,4 @@
-// The store that processes share: its files, its limits, who sees what when, and what survives a death.
+// The store's files and limits, and what a process remembers of it.
 #include "Generation.h"
 #include "Process.h"
 #include "Scratch.h"
@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <sys/prctl.h>
@@ -19,34 +18,6 @@
 #include <linux/seccomp.h>
 
 namespace {
-
-// A pipe whose both ends close with it.
-class Pipe
-{
-public:
-    Pipe()
-    {
-        if (pipe(m_ends) != 0)
-            throw std::runtime_error("no pipe");
-    }
-    ~Pipe()
-    {
-        close(m_ends[0]);
-        close(m_ends[1]);
-    }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-
-    bool Send(int number) const { return write(m_ends[1], &number, sizeof number) == sizeof number; }
-    int Receive() const
-    {
-        int number = -1;
-        return read(m_ends[0], &number, sizeof number) == sizeof number ? number : -1;
-    }
-
-private:
-    int m_ends[2];
-};
 
 unsigned ModeOf(const std::string& path)
 {
@@ -214,119 +185,6 @@ TEST(Store, AFreshOneKnowsTheBuiltInServer)
     EXPECT_EQ(RunZekReg(folder.Path("home"), "delete -r 'HKCR\\Excel.Application'").code, 0);
     EXPECT_EQ(RunZekReg(folder.Path("home"), "get 'HKCR\\Excel.Application\\CLSID'").code, 1)
         << "entered once only";
-}
-
-TEST(Store, ManyMayBeFirstAtOnce)
-{
-    const ScratchFolder folder;
-    const std::string home = folder.Path("home");
-    std::vector<pid_t> children;
-    for (int i = 0; i < 6; ++i)
-        children.push_back(StartChild(home, [i] {
-            const HKEY root = HKEY_CURRENT_USER;
-            HKEY key = nullptr;
-            if (RegCreateKeyExA(root, "Software\\First", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                                nullptr) != ERROR_SUCCESS)
-                return 1;
-            return SetText(key, std::to_string(i).c_str(), "x") == ERROR_SUCCESS ? 0 : 2;
-        }));
-    for (const pid_t child : children)
-        EXPECT_EQ(Await(child), 0);
-    for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(RunZekReg(home, "get 'HKCU\\Software\\First' " + std::to_string(i)).output, "x\n");
-}
-
-TEST(Store, ProcessesWriteSideBySide)
-{
-    constexpr int kProcesses = 4, kWrites = 200;
-    const TestKey test("processes");
-    const auto work = [&](int number) {
-        const std::string name = "own" + std::to_string(number);
-        for (int i = 0; i < kWrites; ++i) {
-            if (SetText(test.Key(), name.c_str(), std::to_string(i)) != ERROR_SUCCESS)
-                return 1;
-            if (SetText(test.Key(), "shared", std::string(100, static_cast<char>('a' + number))) !=
-                ERROR_SUCCESS)
-                return 2;
-            if (GetText(test.Key(), name.c_str()) != std::to_string(i))
-                return 3;
-            const std::string shared = GetText(test.Key(), "shared");
-            if (shared.size() != 100 || shared.find_first_not_of(shared[0]) != std::string::npos)
-                return 4;
-        }
-        return 0;
-    };
-    std::vector<pid_t> children;
-    for (int i = 0; i < kProcesses; ++i)
-        children.push_back(StartChild("", [&work, i] { return work(i); }));
-    for (const pid_t child : children)
-        EXPECT_EQ(Await(child), 0);
-    for (int i = 0; i < kProcesses; ++i)
-        EXPECT_EQ(GetText(test.Key(), ("own" + std::to_string(i)).c_str()), std::to_string(kWrites - 1));
-}
-
-TEST(Store, TwoProcessesOfTenThousandValuesEachLoseNone)
-{
-    constexpr int kWrites = 10'000;
-    const TestKey test("many");
-    const auto work = [&](const std::string& own) {
-        for (int i = 0; i < kWrites; ++i)
-            if (SetText(test.Key(), (own + std::to_string(i)).c_str(), std::to_string(i)) != ERROR_SUCCESS)
-                return 1;
-        return 0;
-    };
-    const pid_t first = StartChild("", [&] { return work("a"); });
-    const pid_t second = StartChild("", [&] { return work("b"); });
-    EXPECT_EQ(Await(first), 0);
-    EXPECT_EQ(Await(second), 0);
-    for (const char* own : {"a", "b"})
-        for (int i = 0; i < kWrites; ++i)
-            ASSERT_EQ(GetText(test.Key(), (own + std::to_string(i)).c_str()), std::to_string(i)) << own;
-}
-
-// As soon as a write has returned in one process, every other one reads it, whatever it kept in memory.
-TEST(Store, AFinishedWriteIsSeenByAllAtOnce)
-{
-    const TestKey test("coherence");
-    const Pipe asked, written;
-    ASSERT_EQ(SetText(test.Key(), "v", "0"), ERROR_SUCCESS);
-    const pid_t writer = StartChild("", [&] {
-        for (int number; (number = asked.Receive()) > 0;)
-            if (SetText(test.Key(), "v", std::to_string(number)) != ERROR_SUCCESS || !written.Send(number))
-                return 1;
-        return 0;
-    });
-    for (int number = 1; number <= 1000; ++number) {
-        ASSERT_EQ(GetText(test.Key(), "v"), std::to_string(number - 1));
-        ASSERT_TRUE(asked.Send(number));
-        ASSERT_EQ(written.Receive(), number);
-        ASSERT_EQ(GetText(test.Key(), "v"), std::to_string(number));
-    }
-    asked.Send(0);
-    EXPECT_EQ(Await(writer), 0);
-}
-
-TEST(Store, WhatWasWrittenSurvivesTheWritersDeath)
-{
-    const TestKey test("death");
-    for (int round = 0; round < 25; ++round) {
-        const Pipe acknowledged;
-        const pid_t writer = StartChild("", [&] {
-            for (int number = 1;; ++number)
-                if (SetText(test.Key(), "v", std::to_string(number)) != ERROR_SUCCESS ||
-                    !acknowledged.Send(number))
-                    return 1;
-        });
-        int last = 0;
-        for (int i = 0; i <= round * 7; ++i)
-            last = acknowledged.Receive();
-        kill(writer, SIGKILL);
-        EXPECT_EQ(Await(writer), 1000 + SIGKILL);
-        const int found = std::stoi(GetText(test.Key(), "v"));
-        EXPECT_GE(found, last) << "round " << round;
-        EXPECT_EQ(SetText(test.Key(), "v", std::to_string(found)), ERROR_SUCCESS)
-            << "the next writer is not held up";
-    }
 }
 
 // From here on the process ends with the first call that looks into a file.
