@@ -5,6 +5,7 @@
 // Each symbol is one character of the code page that goes with CLocaleLib::csLocale ("0412" 949, "0411" 932,
 // "0804" 936), or a word or sign in plain letters where that page has none or the language is another. They
 // are set when the library is loaded, after the locale, and belong to the host then.
+// They are those bytes whatever the system's own code page is: where that is UTF-8, it cannot show them.
 // Errors: CMemoryException when memory runs out. Threads: the user-interface thread.
 #pragma once
 

@@ -129,6 +129,28 @@ TEST(Extent, ItalicsUnderlinesAndWeightsAreTold)
     DeleteObject(font);
 }
 
+// Run with the code page of Korean, in a process of its own. Syllables are as wide as one another.
+TEST(Extent, OfDoubleByteCharactersIsThatOfCharacters)
+{
+    if (GetACP() != 949)
+        GTEST_SKIP() << "another code page";
+    const MemoryContext dc;
+    const HFONT font = MakeFont(-40);
+    SelectObject(dc, font);
+    const LONG width = WidthOf(dc, "\xB0\xA1");
+    EXPECT_GT(width, 0);
+    std::string text;
+    for (int second = 0xA1; second <= 0xFE; ++second) {
+        const std::string syllable = {'\xB0', static_cast<char>(second)};
+        EXPECT_EQ(WidthOf(dc, syllable), width) << second;
+        text += syllable;
+    }
+    EXPECT_EQ(WidthOf(dc, text), width * static_cast<LONG>(text.size() / 2));
+    EXPECT_EQ(WidthOf(dc, "m\xB0\xA1m"), width + 2 * WidthOf(dc, "m"));
+    SelectObject(dc, GetStockObject(SYSTEM_FONT));
+    DeleteObject(font);
+}
+
 // Heights and extents are logical units: the pixels grow with the scale, the units stay about the same.
 TEST(Extent, IsInLogicalUnits)
 {
