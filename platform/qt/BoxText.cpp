@@ -8,11 +8,11 @@ constexpr QChar kLineEnd(QChar::ParagraphSeparator);
 constexpr QChar kLoneFeed(0xfdd2); // values that are no characters
 constexpr QChar kLoneReturn(0xfdd3);
 
-qsizetype CharacterBytes(QStringView character)
+qsizetype CharacterBytes(QStringView character, UINT codePage)
 {
     if (character[0] == kLineEnd)
         return 2;
-    return character[0] == kLoneFeed || character[0] == kLoneReturn ? 1 : ToAnsi(character).size();
+    return character[0] == kLoneFeed || character[0] == kLoneReturn ? 1 : ToAnsi(character, codePage).size();
 }
 
 } // namespace
@@ -31,17 +31,17 @@ QString FromBox(QString text)
     return text.replace(kLoneReturn, QLatin1Char('\r'));
 }
 
-int BoxBytes(QStringView text)
+int BoxBytes(QStringView text, UINT codePage)
 {
-    return static_cast<int>(ToAnsi(FromBox(text.toString())).size());
+    return static_cast<int>(ToAnsi(FromBox(text.toString()), codePage).size());
 }
 
-qsizetype BoxUnits(QStringView text, qsizetype bytes)
+qsizetype BoxUnits(QStringView text, qsizetype bytes, UINT codePage)
 {
     qsizetype at = 0;
     while (at < text.size()) {
         const qsizetype units = text[at].isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
-        bytes -= text[at].unicode() < 0x80 ? 1 : CharacterBytes(text.mid(at, units));
+        bytes -= text[at].unicode() < 0x80 ? 1 : CharacterBytes(text.mid(at, units), codePage);
         if (bytes < 0)
             break;
         at += units;

@@ -164,9 +164,9 @@ QWidget* ButtonPeer::MakeWidget()
     return button;
 }
 
-void ButtonPeer::SetText(std::u16string_view text)
+void ButtonPeer::SetText(std::string_view text)
 {
-    m_text = FromUtf16(text);
+    m_text = FromAnsi(text);
     ShowText();
 }
 

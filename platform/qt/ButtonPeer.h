@@ -10,7 +10,7 @@ class ButtonPeer final : public WindowPeer
 public:
     ButtonPeer(const PeerRequest& request, PeerEvents& events);
 
-    void SetText(std::u16string_view text) override;
+    void SetText(std::string_view text) override;
     void SetFont(const QFont& font) override;
     void SetStyle(DWORD style, DWORD exStyle) override;
     bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;

@@ -70,15 +70,16 @@ void ComboBoxPeer::ShowRows()
     m_body->SetRowsShown(std::max((m_dropHeight - ClosedHeight()) / RowHeight(), 1));
 }
 
-void ComboBoxPeer::SetText(std::u16string_view text)
+void ComboBoxPeer::SetText(std::string_view text)
 {
     if (m_editor && Widget())
-        SetEditText(m_editor->Allowed(FromUtf16(text)));
+        m_editor->SetText(text);
 }
 
-void ComboBoxPeer::SetEditText(const QString& text)
+// The item's text in the field; none empties it.
+void ComboBoxPeer::ShowInField(int row)
 {
-    m_editor->SetText(text);
+    m_editor->SetText(m_items.Has(static_cast<WPARAM>(row)) ? m_items.Bytes(row).toStdString() : "");
 }
 
 // The window's height follows its font.
@@ -105,7 +106,7 @@ void ComboBoxPeer::Chosen(int row)
 {
     m_current = row;
     if (m_editor && m_items.Has(static_cast<WPARAM>(row)))
-        SetEditText(m_items.Text(row));
+        ShowInField(row);
     if (!IsOpen())
         Notify(CBN_SELENDOK);
     if (std::exchange(m_dropped, false))
@@ -122,7 +123,7 @@ void ComboBoxPeer::ChooseRow(int row)
     }
     const Editor::Quiet quiet(*m_editor);
     m_body->Choose(row);
-    SetEditText(row < 0 ? QString() : m_items.Text(row));
+    ShowInField(row);
 }
 
 bool ComboBoxPeer::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
@@ -188,14 +189,14 @@ void ComboBoxPeer::KeepingText(const std::function<void()>& change)
     change();
     if (m_editor->Box().Text() == edited)
         return;
-    SetEditText(edited);
+    m_editor->Box().SetText(edited);
     m_editor->Box().Select(selection);
 }
 
 LRESULT ComboBoxPeer::Insert(int index, LPARAM text)
 {
-    const QString shown = FromAnsi(reinterpret_cast<const char*>(text));
-    m_items.Insert(index, shown);
+    const QString shown = FromAnsi(AnsiOf(text));
+    m_items.Insert(index, shown, AnsiOf(text));
     KeepingText([&] { m_body->Insert(index, shown); });
     m_current += m_current >= index ? 1 : 0;
     return index;
@@ -203,7 +204,7 @@ LRESULT ComboBoxPeer::Insert(int index, LPARAM text)
 
 LRESULT ComboBoxPeer::OnAddString(WPARAM, LPARAM text)
 {
-    const QString shown = FromAnsi(reinterpret_cast<const char*>(text));
+    const QString shown = FromAnsi(AnsiOf(text));
     return Insert(Style() & CBS_SORT ? m_items.SortedPlace(shown) : m_items.Count(), text);
 }
 
@@ -253,12 +254,12 @@ LRESULT ComboBoxPeer::OnSetItemData(WPARAM index, LPARAM data)
 
 LRESULT ComboBoxPeer::OnFindString(WPARAM after, LPARAM text)
 {
-    return m_items.Find(static_cast<int>(after), FromAnsi(reinterpret_cast<const char*>(text)), false);
+    return m_items.Find(static_cast<int>(after), FromAnsi(AnsiOf(text)), false);
 }
 
 LRESULT ComboBoxPeer::OnFindStringExact(WPARAM after, LPARAM text)
 {
-    return m_items.Find(static_cast<int>(after), FromAnsi(reinterpret_cast<const char*>(text)), true);
+    return m_items.Find(static_cast<int>(after), FromAnsi(AnsiOf(text)), true);
 }
 
 LRESULT ComboBoxPeer::OnSelectString(WPARAM after, LPARAM text)
@@ -367,7 +368,7 @@ LRESULT ComboBoxPeer::OnSetText(WPARAM, LPARAM text)
 {
     if (!m_editor)
         return CB_ERR;
-    SetText(FromAnsi(reinterpret_cast<const char*>(text)).toStdU16String());
+    SetText(AnsiOf(text));
     return TRUE;
 }
 
@@ -375,7 +376,7 @@ QByteArray ComboBoxPeer::AnsiText() const
 {
     if (m_editor)
         return m_editor->AnsiText();
-    return m_current < 0 ? QByteArray() : ToAnsi(m_items.Text(m_current));
+    return m_current < 0 ? QByteArray() : m_items.Bytes(m_current);
 }
 
 LRESULT ComboBoxPeer::OnGetText(WPARAM size, LPARAM buffer)

@@ -16,7 +16,7 @@ class ComboBoxPeer final : public WindowPeer
 public:
     explicit ComboBoxPeer(PeerRequest& request, PeerEvents& events);
 
-    void SetText(std::u16string_view text) override;
+    void SetText(std::string_view text) override;
     void SetFont(const QFont& font) override;
     bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
@@ -31,7 +31,7 @@ private:
     void Edited();
     void Chosen(int row);
     void ChooseRow(int row);
-    void SetEditText(const QString& text);
+    void ShowInField(int row);
     void KeepingText(const std::function<void()>& change);
     LRESULT Insert(int index, LPARAM text);
 

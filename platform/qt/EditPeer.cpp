@@ -26,11 +26,11 @@ EditPeer::EditPeer(const PeerRequest& request, PeerEvents& events)
     SetClient(request.client);
 }
 
-void EditPeer::SetText(std::u16string_view text)
+void EditPeer::SetText(std::string_view text)
 {
     if (!Widget())
         return;
-    m_editor.SetText(m_editor.Allowed(FromUtf16(text)));
+    m_editor.SetText(text);
     m_modified = false;
 }
 
@@ -117,7 +117,7 @@ bool EditPeer::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& resu
 
 LRESULT EditPeer::OnSetText(WPARAM, LPARAM text)
 {
-    SetText(FromAnsi(reinterpret_cast<const char*>(text)).toStdU16String());
+    SetText(AnsiOf(text));
     if (!m_editor.IsMultiLine())
         TellChange();
     return TRUE;
@@ -151,7 +151,7 @@ LRESULT EditPeer::OnSetSel(WPARAM start, LPARAM end)
 
 LRESULT EditPeer::OnReplaceSel(WPARAM undoable, LPARAM text)
 {
-    m_editor.Put(ToBox(FromAnsi(reinterpret_cast<const char*>(text))), undoable != 0);
+    m_editor.Put(ToBox(FromAnsi(AnsiOf(text))), undoable != 0);
     return 1;
 }
 
@@ -229,7 +229,8 @@ LRESULT EditPeer::OnGetLine(WPARAM line, LPARAM buffer)
     const qsizetype start = m_editor.Box().LineStart(number);
     if (start == EditBox::kNone)
         return 0;
-    const QByteArray bytes = ToAnsi(FromBox(m_editor.Box().Text().mid(start, LineEnd(number) - start)));
+    const QString shown = FromBox(m_editor.Box().Text().mid(start, LineEnd(number) - start));
+    const QByteArray bytes = ToAnsi(shown, m_editor.CodePage());
     const size_t count = std::min<size_t>(static_cast<size_t>(bytes.size()), size);
     std::memcpy(to, bytes.constData(), count);
     if (count < size)

@@ -1,8 +1,8 @@
 // Edits, of one line and of many.
 //
-// Outside, a line end is CR LF and positions count bytes of the ANSI code page; a CR or LF of its own is kept
-// as a character. Differs: a line scrolls as it grows without ES_AUTOHSCROLL too; the password character is
-// the desktop's.
+// Outside, a line end is CR LF and positions count bytes of the text's code page (see TextPage.h); a CR or LF
+// of its own is kept as a character. Differs: a line scrolls as it grows without ES_AUTOHSCROLL too; the
+// password character is the desktop's.
 #pragma once
 
 #include "Editor.h"
@@ -13,7 +13,7 @@ class EditPeer final : public WindowPeer
 public:
     EditPeer(const PeerRequest& request, PeerEvents& events);
 
-    void SetText(std::u16string_view text) override;
+    void SetText(std::string_view text) override;
     void SetFont(const QFont& font) override;
     void SetStyle(DWORD style, DWORD exStyle) override;
     bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;

@@ -1,6 +1,7 @@
 #include "Editor.h"
 
 #include "BoxText.h"
+#include "TextPage.h"
 #include "Texts.h"
 
 #include <QtGui/QClipboard>
@@ -60,16 +61,31 @@ void Editor::SetPassword(bool password)
     m_box->SetPassword(password);
 }
 
-void Editor::SetText(const QString& text)
+void Editor::SetText(std::string_view bytes)
 {
     const Quiet quiet(*this);
-    m_box->SetText(ToBox(text));
+    const QString shown = FromAnsi(bytes);
+    const QString allowed = Allowed(shown);
+    m_box->SetText(ToBox(allowed));
     m_undone = false;
+    m_codePage = TextCodePage(bytes);
+    m_given.clear();
+    if (allowed != shown || AnsiText().toStdString() == bytes)
+        return;
+    m_given = {bytes.data(), static_cast<qsizetype>(bytes.size())};
+    m_givenText = m_box->Text();
+}
+
+UINT Editor::CodePage() const
+{
+    const bool holds = m_codePage == GetACP() || IsIn(m_codePage, FromBox(m_box->Text()));
+    return holds ? m_codePage : GetACP();
 }
 
 QByteArray Editor::AnsiText() const
 {
-    return ToAnsi(FromBox(m_box->Text()));
+    const QString text = m_box->Text();
+    return !m_given.isEmpty() && text == m_givenText ? m_given : ToAnsi(FromBox(text), CodePage());
 }
 
 QString Editor::Allowed(QString text) const
@@ -97,7 +113,8 @@ void Editor::Put(const QString& text, bool undoable)
     const auto kept = static_cast<size_t>(AnsiText().size() - (to - from));
     const size_t room = m_limit > kept ? m_limit - kept : 0;
     QString fitting = Allowed(text);
-    const qsizetype units = BoxUnits(fitting, static_cast<qsizetype>(std::min<size_t>(room, INT_MAX)));
+    const qsizetype units =
+        BoxUnits(fitting, static_cast<qsizetype>(std::min<size_t>(room, INT_MAX)), CodePage());
     const bool cut = units < fitting.size();
     fitting.truncate(units);
     if (cut)
@@ -109,12 +126,12 @@ void Editor::Put(const QString& text, bool undoable)
 int Editor::ByteAt(qsizetype position) const
 {
     const QString text = m_box->Text();
-    return BoxBytes(QStringView(text).left(std::min(position, text.size())));
+    return BoxBytes(QStringView(text).left(std::min(position, text.size())), CodePage());
 }
 
 qsizetype Editor::PositionOf(LPARAM byte) const
 {
-    return BoxUnits(m_box->Text(), static_cast<qsizetype>(byte));
+    return BoxUnits(m_box->Text(), static_cast<qsizetype>(byte), CodePage());
 }
 
 std::pair<int, int> Editor::SelectedBytes() const

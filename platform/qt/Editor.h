@@ -1,13 +1,17 @@
 // What an edit and a combo box's text field have in common: a box, the rules for what is put into it, and the
 // keys.
 //
-// Positions outside count bytes of the ANSI code page, two for a line's end.
+// Positions outside count bytes of the text's code page, two for a line's end.
 #pragma once
 
 #include "EditBox.h"
 #include "Keys.h"
 
 #include <windows.h>
+
+#include <QtCore/QByteArray>
+
+#include <string_view>
 
 struct EditorUse {
     std::function<void()> changed; // by the user or by Put, not by SetText
@@ -29,10 +33,12 @@ public:
     size_t Limit() const { return m_limit; }
     void SetPassword(bool password);
 
-    void SetText(const QString& text); // as it is given, with CR LF
+    // With CR LF; in the case that the style wants, and without what lies behind a line's end where there is
+    // one line only.
+    void SetText(std::string_view bytes);
+    // That of the text set, as long as what it has become since has a place in it; else the ANSI code page.
+    UINT CodePage() const;
     QByteArray AnsiText() const;
-    // In the case that the style wants, without what lies behind a line's end where there is one line only.
-    QString Allowed(QString text) const;
     // By the user: not if read only, digits only if the style says so.
     void Insert(const QString& typed);
     // In place of what is selected, as far as it fits.
@@ -72,6 +78,7 @@ public:
     };
 
 private:
+    QString Allowed(QString text) const;
     bool IsReadOnly() const { return m_style & ES_READONLY; }
 
     EditorUse m_use;
@@ -79,6 +86,9 @@ private:
     std::unique_ptr<EditBox> m_box;
     TypedCharacters m_typed;
     size_t m_limit = kUsualLimit;
+    UINT m_codePage = GetACP();
+    QByteArray m_given; // what was set, if it has no way back from what is shown
+    QString m_givenText;
     int m_quiet = 0;
     bool m_password = false;
     bool m_undone = false;

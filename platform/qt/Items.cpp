@@ -1,7 +1,5 @@
 #include "Items.h"
 
-#include "Texts.h"
-
 #include <QtCore/QCollator>
 
 #include <algorithm>
@@ -28,9 +26,9 @@ int Items::SortedPlace(const QString& text) const
     return static_cast<int>(place - m_items.begin());
 }
 
-void Items::Insert(int index, const QString& text)
+void Items::Insert(int index, const QString& text, std::string_view bytes)
 {
-    m_items.insert(m_items.begin() + index, {text});
+    m_items.insert(m_items.begin() + index, {text, {bytes.data(), static_cast<qsizetype>(bytes.size())}});
 }
 
 void Items::Remove(int index)
@@ -55,12 +53,12 @@ LRESULT Items::CopyText(WPARAM index, LPARAM buffer) const
 {
     if (!Has(index) || !buffer)
         return LB_ERR;
-    const QByteArray bytes = ToAnsi(m_items[index].text);
+    const QByteArray& bytes = m_items[index].bytes;
     std::memcpy(reinterpret_cast<char*>(buffer), bytes.constData(), static_cast<size_t>(bytes.size()) + 1);
     return bytes.size();
 }
 
 LRESULT Items::TextLength(WPARAM index) const
 {
-    return Has(index) ? ToAnsi(m_items[index].text).size() : LB_ERR;
+    return Has(index) ? m_items[index].bytes.size() : LB_ERR;
 }

@@ -3,8 +3,10 @@
 
 #include <windows.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <string_view>
 #include <vector>
 
 class Items
@@ -13,11 +15,13 @@ public:
     int Count() const { return static_cast<int>(m_items.size()); }
     bool Has(WPARAM index) const { return index < m_items.size(); }
     const QString& Text(int index) const { return m_items[static_cast<size_t>(index)].text; }
+    // As it came.
+    const QByteArray& Bytes(int index) const { return m_items[static_cast<size_t>(index)].bytes; }
     LPARAM& Data(WPARAM index) { return m_items[index].data; }
 
     // Where a new item goes among sorted ones: before those that are not less, without regard to case.
     int SortedPlace(const QString& text) const;
-    void Insert(int index, const QString& text);
+    void Insert(int index, const QString& text, std::string_view bytes);
     void Remove(int index);
     void Clear() { m_items.clear(); }
 
@@ -32,6 +36,7 @@ public:
 private:
     struct Item {
         QString text;
+        QByteArray bytes;
         LPARAM data = 0;
     };
     std::vector<Item> m_items;

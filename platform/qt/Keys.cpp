@@ -160,5 +160,5 @@ QString TypedCharacters::Add(WPARAM byte)
         wanted = 2;
     if (m_bytes.size() < wanted)
         return {};
-    return FromAnsi(std::exchange(m_bytes, {}).constData());
+    return FromAnsi(std::exchange(m_bytes, {}).toStdString());
 }

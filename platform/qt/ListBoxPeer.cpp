@@ -170,9 +170,9 @@ bool ListBoxPeer::Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
 
 LRESULT ListBoxPeer::Insert(int index, LPARAM text)
 {
-    const QString shown = FromAnsi(reinterpret_cast<const char*>(text));
+    const QString shown = FromAnsi(AnsiOf(text));
     const bool outer = std::exchange(m_quiet, true);
-    m_items.Insert(index, shown);
+    m_items.Insert(index, shown, AnsiOf(text));
     m_list->insertItem(index, shown);
     m_quiet = outer;
     return index;
@@ -180,7 +180,7 @@ LRESULT ListBoxPeer::Insert(int index, LPARAM text)
 
 LRESULT ListBoxPeer::OnAddString(WPARAM, LPARAM text)
 {
-    const QString shown = FromAnsi(reinterpret_cast<const char*>(text));
+    const QString shown = FromAnsi(AnsiOf(text));
     return Insert(Style() & LBS_SORT ? m_items.SortedPlace(shown) : m_items.Count(), text);
 }
 
@@ -232,12 +232,12 @@ LRESULT ListBoxPeer::OnSetItemData(WPARAM index, LPARAM data)
 
 LRESULT ListBoxPeer::OnFindString(WPARAM after, LPARAM text)
 {
-    return m_items.Find(static_cast<int>(after), FromAnsi(reinterpret_cast<const char*>(text)), false);
+    return m_items.Find(static_cast<int>(after), FromAnsi(AnsiOf(text)), false);
 }
 
 LRESULT ListBoxPeer::OnFindStringExact(WPARAM after, LPARAM text)
 {
-    return m_items.Find(static_cast<int>(after), FromAnsi(reinterpret_cast<const char*>(text)), true);
+    return m_items.Find(static_cast<int>(after), FromAnsi(AnsiOf(text)), true);
 }
 
 LRESULT ListBoxPeer::OnSelectString(WPARAM after, LPARAM text)

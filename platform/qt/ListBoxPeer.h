@@ -14,7 +14,7 @@ class ListBoxPeer final : public WindowPeer
 public:
     ListBoxPeer(const PeerRequest& request, PeerEvents& events);
 
-    void SetText(std::u16string_view) override {} // never to be seen
+    void SetText(std::string_view) override {} // never to be seen
     void SetFont(const QFont& font) override;
     void SetStyle(DWORD style, DWORD exStyle) override;
     bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;

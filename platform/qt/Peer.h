@@ -40,7 +40,7 @@ public:
     void SetClient(const RECT& client);
     virtual void Show(int command);
     void Enable(bool enabled);
-    virtual void SetText(std::u16string_view text) = 0;
+    virtual void SetText(std::string_view text) = 0;
     virtual void SetFont(const QFont& font);
     virtual void SetStyle(DWORD style, DWORD exStyle);
     virtual void SetParent(WindowPeer* parent);

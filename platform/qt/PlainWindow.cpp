@@ -192,10 +192,10 @@ void PlainWindow::Show(int command)
     Widget()->show();
 }
 
-void PlainWindow::SetText(std::u16string_view text)
+void PlainWindow::SetText(std::string_view text)
 {
     if (Widget())
-        Widget()->setWindowTitle(FromUtf16(text));
+        Widget()->setWindowTitle(FromAnsi(text));
 }
 
 void PlainWindow::SetStyle(DWORD style, DWORD exStyle)

@@ -12,7 +12,7 @@ public:
     PlainWindow(const PeerRequest& request, PeerEvents& events);
 
     void Show(int command) override;
-    void SetText(std::u16string_view text) override;
+    void SetText(std::string_view text) override;
     void SetStyle(DWORD style, DWORD exStyle) override;
     void SetParent(WindowPeer* parent) override;
     void Activate() override;

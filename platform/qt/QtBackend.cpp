@@ -95,7 +95,7 @@ void QtBackend::Enable(WindowPeer* peer, bool enabled)
     peer->Enable(enabled);
 }
 
-void QtBackend::SetText(WindowPeer* peer, std::u16string_view text)
+void QtBackend::SetText(WindowPeer* peer, std::string_view text)
 {
     const ToolkitCall call;
     peer->SetText(text);

@@ -17,7 +17,7 @@ public:
     void SetClient(WindowPeer* peer, const RECT& client) override;
     void Show(WindowPeer* peer, int command) override;
     void Enable(WindowPeer* peer, bool enabled) override;
-    void SetText(WindowPeer* peer, std::u16string_view text) override;
+    void SetText(WindowPeer* peer, std::string_view text) override;
     void SetFont(WindowPeer* peer, const FontSpec& font) override;
     void SetStyle(WindowPeer* peer, DWORD style, DWORD exStyle) override;
     void SetParent(WindowPeer* peer, WindowPeer* parent) override;

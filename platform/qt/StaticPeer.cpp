@@ -139,9 +139,9 @@ StaticPeer::StaticPeer(const PeerRequest& request, PeerEvents& events) : WindowP
     SetClient(request.client);
 }
 
-void StaticPeer::SetText(std::u16string_view text)
+void StaticPeer::SetText(std::string_view text)
 {
-    m_text = FromUtf16(text);
+    m_text = FromAnsi(text);
     m_text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     Repaint();
 }

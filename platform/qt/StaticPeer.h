@@ -8,7 +8,7 @@ class StaticPeer final : public WindowPeer
 public:
     StaticPeer(const PeerRequest& request, PeerEvents& events);
 
-    void SetText(std::u16string_view text) override;
+    void SetText(std::string_view text) override;
     void SetStyle(DWORD style, DWORD exStyle) override;
     bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 

@@ -63,14 +63,19 @@ HWND Widgets::Make(const char* className, DWORD style, const char* text, int x, 
     return control;
 }
 
-QWidget* Widgets::TopLevel(HWND window)
+QString Widgets::Caption(HWND window)
 {
     std::string text(100, '\0');
     text.resize(static_cast<size_t>(GetWindowTextA(window, text.data(), 100)));
+    return QString::fromStdString(text);
+}
+
+QWidget* Widgets::TopLevel(const QString& caption)
+{
     for (QWidget* widget : QApplication::topLevelWidgets())
-        if (widget->windowTitle().toStdString() == text)
+        if (widget->windowTitle() == caption)
             return widget;
-    ADD_FAILURE() << "no widget with the caption " << text;
+    ADD_FAILURE() << "no widget with the caption " << caption.toStdString();
     return nullptr;
 }
 

@@ -25,7 +25,8 @@ protected:
     // The widget that shows what lies at this place of the host's client area, or of another's.
     QWidget* At(int x, int y) const { return At(m_host, x, y); }
     static QWidget* At(HWND window, int x, int y);
-    static QWidget* TopLevel(HWND window); // found by its caption
+    static QWidget* TopLevel(HWND window) { return TopLevel(Caption(window)); }
+    static QWidget* TopLevel(const QString& caption);
 
     static void Press(QWidget* widget, QEvent::Type type, const QPoint& at,
                       Qt::MouseButton button = Qt::LeftButton);
@@ -43,6 +44,7 @@ protected:
     std::function<void()> m_onCommand;
 
 private:
+    static QString Caption(HWND window);
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     HWND m_host = nullptr;

@@ -1,5 +1,6 @@
 #include "../Error.h"
 #include "../windows/Backend.h"
+#include "../windows/TextPage.h"
 #include "BoxLayout.h"
 #include "BoxThread.h"
 #include "Create.h"
@@ -10,7 +11,6 @@
 
 #include <atomic>
 #include <cstdio>
-#include <cstring>
 #include <vector>
 
 namespace {
@@ -36,14 +36,6 @@ LPCSTR IconOf(UINT style)
     default:
         return IDI_APPLICATION;
     }
-}
-
-std::u16string WideText(LPCSTR ansi)
-{
-    const int bytes = ansi ? static_cast<int>(std::strlen(ansi)) : 0;
-    std::u16string wide(static_cast<size_t>(bytes), u'\0');
-    wide.resize(static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, ansi, bytes, wide.data(), bytes)));
-    return wide;
 }
 
 void Open(HWND dialog, const Box& box)
@@ -120,7 +112,8 @@ private:
 // -1 when it cannot be shown.
 INT_PTR ShowBox(const Box& box)
 {
-    const Template shape = BoxTemplate(WideText(box.text), WideText(box.caption), box.style);
+    const Template shape =
+        BoxTemplate(ShownText(box.text ? box.text : ""), ShownText(box.caption), box.style);
     const ThreadDisabled disabled((box.style & MB_TASKMODAL) && !box.owner);
     return RunDialog(shape, {nullptr, box.owner, &BoxProcedure, reinterpret_cast<LPARAM>(&box), nullptr});
 }

@@ -3,22 +3,13 @@
 
 #include "../Error.h"
 #include "../windows/Backend.h"
+#include "../windows/TextPage.h"
 
 #include <winnls.h>
 
 #include <algorithm>
 
 namespace {
-
-std::u16string Wide(LPCSTR text, int bytes)
-{
-    if (bytes <= 0)
-        return {};
-    const int length = MultiByteToWideChar(CP_ACP, 0, text, bytes, nullptr, 0);
-    std::u16string wide(static_cast<size_t>(length), 0);
-    MultiByteToWideChar(CP_ACP, 0, text, bytes, wide.data(), length);
-    return wide;
-}
 
 // A height in logical units becomes one in pixels; neither its sign nor that it is not 0 gets lost.
 LONG Scaled(LONG length, const MappingAxis& axis)
@@ -32,9 +23,8 @@ LONG Scaled(LONG length, const MappingAxis& axis)
 FontSpec DeviceFont(const ContextState& state)
 {
     const LOGFONTA& font = state.font->description;
-    const auto faceLength = static_cast<int>(lstrlenA(font.lfFaceName));
     FontSpec spec;
-    spec.face = Wide(font.lfFaceName, faceLength);
+    spec.face = ShownText(font.lfFaceName);
     spec.height = Scaled(font.lfHeight, state.mapping.y);
     spec.width = Scaled(font.lfWidth, state.mapping.x);
     spec.weight = font.lfWeight ? font.lfWeight : FW_NORMAL;
@@ -113,7 +103,8 @@ BOOL WINAPI GetTextExtentPoint32A(HDC dc, LPCSTR text, int bytes, LPSIZE size)
     WindowBackend* const backend = Measurer();
     if (!backend)
         return FALSE;
-    const SIZE pixels = backend->TextExtent(DeviceFont(context->state), Wide(text, bytes));
+    const SIZE pixels =
+        backend->TextExtent(DeviceFont(context->state), ShownText({text, static_cast<size_t>(bytes)}));
     const Mapping& mapping = context->state.mapping;
     *size = {mapping.x.LengthToLogical(pixels.cx), mapping.y.LengthToLogical(pixels.cy)};
     return TRUE;

@@ -48,7 +48,7 @@ struct PeerRequest {
     DWORD exStyle = 0;
     WindowPeer* parent = nullptr; // of a child the parent, else the owner or null
     RECT client = {};             // a control may change it (a closed combo box is lower than asked for)
-    std::u16string text;
+    std::string text;             // as SetText takes it
 };
 
 // What the module tells the adapter. All of it on the user-interface thread.
@@ -89,7 +89,8 @@ public:
     virtual void SetClient(WindowPeer* peer, const RECT& client) = 0;
     virtual void Show(WindowPeer* peer, int command) = 0; // SW_...
     virtual void Enable(WindowPeer* peer, bool enabled) = 0;
-    virtual void SetText(WindowPeer* peer, std::u16string_view text) = 0;
+    // In the code page that TextPage.h tells.
+    virtual void SetText(WindowPeer* peer, std::string_view text) = 0;
     virtual void SetFont(WindowPeer* peer, const FontSpec& font) = 0;
     virtual void SetStyle(WindowPeer* peer, DWORD style, DWORD exStyle) = 0;
     virtual void SetParent(WindowPeer* peer, WindowPeer* parent) = 0;
@@ -98,8 +99,8 @@ public:
     virtual void Activate(WindowPeer* peer) = 0;
     virtual void Focus(WindowPeer* peer) = 0;
     virtual void Repaint(WindowPeer* peer) = 0;
-    // A control's own messages (BM_SETCHECK, LB_ADDSTRING, EM_SETSEL, WM_GETTEXT of an edit...), texts in the
-    // ANSI code page; false: not one of them, `result` untouched.
+    // A control's own messages (BM_SETCHECK, LB_ADDSTRING, EM_SETSEL, WM_GETTEXT of an edit...), texts as
+    // SetText takes them; false: not one of them, `result` untouched.
     virtual bool Message(WindowPeer* peer, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) = 0;
     virtual void SetCursor(WORD shape) = 0; // the number behind IDC_...; 0: none
 

@@ -1,7 +1,7 @@
 #include "BackendLoader.h"
 #include "Queue.h"
 #include "SystemClasses.h"
-#include "Text.h"
+#include "TextPage.h"
 #include "Window.h"
 
 extern "C" __attribute__((weak)) int WINAPI GetObjectA(HGDIOBJ, int, LPVOID);
@@ -23,8 +23,8 @@ FontSpec SpecOf(HFONT font)
     LOGFONTA shape = {};
     if (!font || !GetObjectA || !GetObjectA(font, sizeof shape, &shape))
         return {};
-    return {ToWide(shape.lfFaceName), shape.lfHeight,    shape.lfWidth,     shape.lfWeight,
-            shape.lfItalic,           shape.lfUnderline, shape.lfStrikeOut, shape.lfCharSet};
+    return {ShownText(shape.lfFaceName), shape.lfHeight,    shape.lfWidth,  shape.lfWeight, shape.lfItalic,
+            shape.lfUnderline,           shape.lfStrikeOut, shape.lfCharSet};
 }
 
 void UseFont(const WindowRef& window, HFONT font)

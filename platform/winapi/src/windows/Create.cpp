@@ -133,7 +133,7 @@ PeerRequest RequestFor(const Window& window, LPCSTR name)
             window.exStyle,
             above ? above->peer : nullptr,
             PeerArea(window),
-            name && !IsAtom(name) ? ToWide(name) : std::u16string()};
+            name && !IsAtom(name) ? name : ""};
 }
 
 bool MakePeer(const WindowRef& window, LPCSTR name)

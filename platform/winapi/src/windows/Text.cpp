@@ -4,6 +4,7 @@
 #include "../Error.h"
 #include "BackendLoader.h"
 #include "Queue.h"
+#include "TextPage.h"
 
 #include <cstring>
 
@@ -19,29 +20,20 @@ size_t WholeCharacters(const std::string& text, size_t room)
 {
     if (text.size() <= room)
         return text.size();
-    if (AnsiCodePage() == CP_UTF8) {
+    const UINT codePage = TextCodePage(text);
+    if (codePage == CP_UTF8) {
         while (room && IsContinuation(text[room]))
             --room;
         return room;
     }
+    const LeadTable& leads = LeadBytes(codePage);
     size_t end = 0;
-    for (size_t next = 0; next <= room; next += CharacterLength(AnsiLeadBytes(), text.c_str() + next))
+    for (size_t next = 0; next <= room; next += CharacterLength(leads, text.c_str() + next))
         end = next;
     return end;
 }
 
 } // namespace
-
-std::u16string ToWide(std::string_view text)
-{
-    if (text.empty())
-        return {};
-    std::u16string wide(text.size(), 0);
-    const int units = MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), wide.data(),
-                                          static_cast<int>(wide.size()));
-    wide.resize(static_cast<size_t>(units));
-    return wide;
-}
 
 LRESULT StoreText(const WindowRef& window, LPCSTR text)
 {
@@ -51,7 +43,7 @@ LRESULT StoreText(const WindowRef& window, LPCSTR text)
         window->text = stored;
     }
     if (WindowPeer* peer = PeerOf(window))
-        Backend()->SetText(peer, ToWide(stored));
+        Backend()->SetText(peer, stored);
     return TRUE;
 }
 

@@ -3,10 +3,6 @@
 
 #include "Window.h"
 
-#include <string_view>
-
-std::u16string ToWide(std::string_view text);
-
 // The answers of WM_SETTEXT, WM_GETTEXT and WM_GETTEXTLENGTH.
 LRESULT StoreText(const WindowRef& window, LPCSTR text);
 LRESULT CopyText(const WindowRef& window, LPSTR buffer, size_t size);
