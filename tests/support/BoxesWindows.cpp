@@ -1,4 +1,4 @@
-// The system's own boxes: read and closed when they are activated.
+// The system's own boxes: read and closed when they have been filled.
 #include "Boxes.h"
 
 #include <cstring>
@@ -84,15 +84,18 @@ bool IsBox(HWND window)
     return HasClass(window, "#32770") && GetDlgItem(window, kText);
 }
 
-LRESULT CALLBACK OnActivate(int code, WPARAM wParam, LPARAM lParam)
+void Catch(HWND box)
 {
-    const HWND window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && IsBox(window)) {
-        g_state.caught.push_back(
-            {BoxText(window), WindowText(window), ButtonStyle(window) | IconStyle(window)});
-        const int standard = LOWORD(SendMessageA(window, DM_GETDEFID, 0, 0));
-        EndDialog(window, g_state.answer ? g_state.answer : standard);
-    }
+    g_state.caught.push_back({BoxText(box), WindowText(box), ButtonStyle(box) | IconStyle(box)});
+    const int standard = LOWORD(SendMessageA(box, DM_GETDEFID, 0, 0));
+    EndDialog(box, g_state.answer ? g_state.answer : standard);
+}
+
+LRESULT CALLBACK OnAnswered(int code, WPARAM wParam, LPARAM lParam)
+{
+    const auto& answered = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+    if (code == HC_ACTION && answered.message == WM_INITDIALOG && IsBox(answered.hwnd))
+        Catch(answered.hwnd);
     return CallNextHookEx(g_state.hook, code, wParam, lParam);
 }
 
@@ -102,7 +105,7 @@ BoxCatcher::BoxCatcher(int answer)
 {
     g_state.answer = answer;
     g_state.caught.clear();
-    g_state.hook = SetWindowsHookExA(WH_CBT, &OnActivate, nullptr, GetCurrentThreadId());
+    g_state.hook = SetWindowsHookExA(WH_CALLWNDPROCRET, &OnAnswered, nullptr, GetCurrentThreadId());
 }
 
 BoxCatcher::~BoxCatcher()
