@@ -13,6 +13,9 @@
 #include "afxexc_.h"
 #include "afxwnd_.h"
 
+#include <memory>
+#include <semaphore>
+
 using AFX_THREADPROC = UINT(AFX_CDECL*)(LPVOID);
 
 class AFX_CORE_CLASS CWinThread : public CCmdTarget
@@ -23,7 +26,8 @@ public:
     CWinThread(AFX_THREADPROC procedure, LPVOID parameter);
     ~CWinThread() override;
 
-    // Starts the thread; with CREATE_SUSPENDED it waits for ResumeThread. FALSE when it cannot be made.
+    // Starts the thread; with CREATE_SUSPENDED it waits for ResumeThread. FALSE when it cannot be made. From
+    // either's return on the thread has a message queue: PostThreadMessage reaches it.
     // Until its InitInstance sets another, the application's main window is the thread's main window too.
     BOOL CreateThread(DWORD flags = 0, UINT stack = 0, LPSECURITY_ATTRIBUTES security = nullptr);
 
@@ -31,7 +35,7 @@ public:
     virtual BOOL InitInstance();
     // Handles messages and idle time until WM_QUIT, then answers ExitInstance().
     virtual int Run();
-    // The thread's exit code: by default the one given to PostQuitMessage.
+    // The thread's exit code: by default the one given to PostQuitMessage, 0 when the loop did not run.
     virtual int ExitInstance();
 
     // Waits for a message and dispatches it unless PreTranslateMessage takes it. FALSE on WM_QUIT.
@@ -58,7 +62,7 @@ public:
     DWORD ResumeThread();
     BOOL SetThreadPriority(int priority);
     int GetThreadPriority();
-    // FALSE while the thread has no message queue yet.
+    // FALSE before the thread runs and when it has ended.
     BOOL PostThreadMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
     operator HANDLE() const { return m_hThread; }
@@ -70,15 +74,15 @@ public:
     DWORD m_nThreadID = 0;
     LPVOID m_pThreadParams = nullptr;
     AFX_THREADPROC m_pfnThreadProc = nullptr;
+    MSG m_msgCur = {}; // the last message taken
 
 protected:
     // Hands a message without a window to the message map. TRUE: handled.
     virtual BOOL DispatchThreadMessageEx(MSG* message);
 
-    MSG m_msgCur = {}; // the last message taken
-
 private:
     MSG m_lastMove = {};
+    std::shared_ptr<std::binary_semaphore> m_ready; // until the thread has been resumed
 };
 
 // Starts a worker. Null when it cannot be made.

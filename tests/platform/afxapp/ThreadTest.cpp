@@ -108,9 +108,7 @@ public:
 
     BOOL InitInstance() override
     {
-        MSG message;
-        ::PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE); // makes the queue
-        s_ready->Set();
+        s_mayStart->Await();
         return s_runs;
     }
     int ExitInstance() override
@@ -130,7 +128,7 @@ public:
             ::PostQuitMessage(s_sum);
     }
 
-    inline static Signal* s_ready = nullptr;
+    inline static Signal* s_mayStart = nullptr;
     inline static Signal* s_idle = nullptr;
     inline static Signal* s_gone = nullptr;
     inline static bool s_runs = true;
@@ -150,7 +148,7 @@ class UiThread : public testing::Test
 protected:
     UiThread()
     {
-        CAddingThread::s_ready = &m_ready;
+        CAddingThread::s_mayStart = &m_mayStart;
         CAddingThread::s_idle = &m_idle;
         CAddingThread::s_gone = &m_gone;
         CAddingThread::s_runs = true;
@@ -158,7 +156,7 @@ protected:
         CAddingThread::s_exitCode = -5;
     }
 
-    Signal m_ready, m_idle, m_gone;
+    Signal m_mayStart, m_idle, m_gone;
 };
 
 } // namespace
@@ -273,11 +271,31 @@ TEST(CWinThread, HasTheMainWindowOfItsDocumentation)
     EXPECT_EQ(&active, thread.GetMainWnd());
 }
 
+// Also one that never had a window, such as a dialog that could not be shown.
+TEST(CWinThread, ForgetsWindowsThatEnd)
+{
+    App app;
+    {
+        CWnd main, active;
+        app.m_pMainWnd = &main;
+        app.m_pActiveWnd = &active;
+    }
+    EXPECT_EQ(nullptr, app.m_pMainWnd);
+    EXPECT_EQ(nullptr, app.m_pActiveWnd);
+    CWnd active;
+    ASSERT_TRUE(active.CreateEx(0, nullptr, "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr));
+    app.m_pActiveWnd = &active;
+    active.DestroyWindow();
+    EXPECT_EQ(nullptr, app.m_pActiveWnd);
+    MSG message;
+    EXPECT_FALSE(::PeekMessage(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE)) << "no main window ended";
+}
+
 TEST_F(UiThread, DispatchesPostedMessagesToItsMap)
 {
     CWinThread* thread = AfxBeginThread(RUNTIME_CLASS(CAddingThread));
     ASSERT_NE(nullptr, thread);
-    m_ready.Await();
+    m_mayStart.Set();
     m_idle.Await();
     EXPECT_TRUE(thread->PostThreadMessage(kAdd, 1, 2));
     EXPECT_TRUE(thread->PostThreadMessage(kAdd + 1, 100, 100)) << "nobody's";
@@ -286,9 +304,34 @@ TEST_F(UiThread, DispatchesPostedMessagesToItsMap)
     EXPECT_EQ(10, CAddingThread::s_exitCode);
 }
 
+// What is posted as soon as the thread has been started is not lost, wherever the thread is by then.
+TEST_F(UiThread, TakesMessagesFromItsStartOn)
+{
+    CWinThread* thread = AfxBeginThread(RUNTIME_CLASS(CAddingThread));
+    ASSERT_NE(nullptr, thread);
+    EXPECT_TRUE(thread->PostThreadMessage(kAdd, 4, 4));
+    EXPECT_TRUE(thread->PostThreadMessage(kAdd, 1, 2));
+    m_mayStart.Set();
+    m_gone.Await();
+    EXPECT_EQ(11, CAddingThread::s_exitCode);
+}
+
+TEST_F(UiThread, TakesMessagesFromItsResumptionOn)
+{
+    CWinThread* thread =
+        AfxBeginThread(RUNTIME_CLASS(CAddingThread), THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+    ASSERT_NE(nullptr, thread);
+    EXPECT_EQ(1U, thread->ResumeThread());
+    EXPECT_TRUE(thread->PostThreadMessage(kAdd, 5, 5));
+    m_mayStart.Set();
+    m_gone.Await();
+    EXPECT_EQ(10, CAddingThread::s_exitCode);
+}
+
 TEST_F(UiThread, EndsWithoutRunWhenItDoesNotWantTo)
 {
     CAddingThread::s_runs = false;
+    m_mayStart.Set();
     ASSERT_NE(nullptr, AfxBeginThread(RUNTIME_CLASS(CAddingThread)));
     m_gone.Await();
     EXPECT_EQ(0, CAddingThread::s_exitCode);

@@ -9,6 +9,8 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <semaphore>
+#include <utility>
 
 // clang-format off
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
@@ -24,7 +26,15 @@ thread_local constinit CWinThread* t_thread = nullptr;
 struct Start {
     CWinThread* thread;
     HWND mainWindow; // the application's
+    std::shared_ptr<std::binary_semaphore> ready;
 };
+
+// Has the system make the thread's message queue, so that nothing posted from now on is lost.
+void MakeQueue()
+{
+    MSG message;
+    ::PeekMessage(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
+}
 
 // Stands for a window that another thread owns: not in the handle map, and not destroyed at the end.
 class LentWindow
@@ -89,6 +99,8 @@ unsigned __stdcall ThreadEntry(void* argument)
 {
     const Start start = *std::unique_ptr<Start>(static_cast<Start*>(argument));
     AfxSetCurrentThread(start.thread);
+    MakeQueue();
+    start.ready->release();
     const UINT code = RunWithMainWindow(start);
     start.thread->Delete();
     AfxSetCurrentThread(nullptr);
@@ -142,7 +154,8 @@ CWinThread::~CWinThread()
 
 BOOL CWinThread::CreateThread(DWORD flags, UINT stack, LPSECURITY_ATTRIBUTES security)
 {
-    auto start = std::make_unique<Start>(this, ApplicationWindow());
+    auto ready = std::make_shared<std::binary_semaphore>(0);
+    auto start = std::make_unique<Start>(this, ApplicationWindow(), ready);
     unsigned id = 0;
     const auto handle =
         ::_beginthreadex(security, stack, ThreadEntry, start.get(), flags | CREATE_SUSPENDED, &id);
@@ -151,6 +164,7 @@ BOOL CWinThread::CreateThread(DWORD flags, UINT stack, LPSECURITY_ATTRIBUTES sec
     static_cast<void>(start.release()); // the new thread's now
     m_hThread = reinterpret_cast<HANDLE>(handle);
     m_nThreadID = id;
+    m_ready = std::move(ready);
     if (!(flags & CREATE_SUSPENDED))
         ResumeThread();
     return TRUE;
@@ -163,7 +177,7 @@ BOOL CWinThread::InitInstance()
 
 int CWinThread::ExitInstance()
 {
-    return static_cast<int>(m_msgCur.wParam);
+    return m_msgCur.message == WM_QUIT ? static_cast<int>(m_msgCur.wParam) : 0;
 }
 
 CWnd* CWinThread::GetMainWnd()
@@ -179,7 +193,11 @@ void CWinThread::Delete()
 
 DWORD CWinThread::ResumeThread()
 {
-    return ::ResumeThread(m_hThread);
+    const auto ready = std::exchange(m_ready, nullptr);
+    const DWORD before = ::ResumeThread(m_hThread); // the object may be gone from now on
+    if (ready && before != static_cast<DWORD>(-1))
+        ready->acquire();
+    return before;
 }
 
 BOOL CWinThread::SetThreadPriority(int priority)
@@ -249,7 +267,8 @@ LRESULT AFXAPI AfxProcessWndProcException(CException* exception, const MSG* mess
 
 LRESULT AfxTellHandlerException(CException* exception, const MSG& message)
 {
+    const bool isMemory = exception->IsKindOf(RUNTIME_CLASS(CMemoryException));
     if (!exception->IsKindOf(RUNTIME_CLASS(CUserException)))
-        exception->ReportError(MB_ICONEXCLAMATION | MB_SYSTEMMODAL);
+        exception->ReportError(isMemory ? MB_ICONEXCLAMATION | MB_SYSTEMMODAL : MB_ICONSTOP);
     return message.message == WM_COMMAND; // as if the command had been handled
 }

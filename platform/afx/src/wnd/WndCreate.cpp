@@ -39,14 +39,6 @@ bool MakeForeignWindow(CWnd* object, const CREATESTRUCTA& description, bool& tak
 
 } // namespace
 
-CWnd::~CWnd()
-{
-    if (!m_hWnd)
-        return;
-    CWnd::DestroyWindow();
-    Detach(); // also from a handle that was no window any more
-}
-
 BOOL CWnd::Create(LPCSTR className, LPCSTR name, DWORD style, const RECT& rect, CWnd* parent, UINT id,
                   CCreateContext* context)
 {

@@ -10,17 +10,28 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// The end of a thread's main window is the end of the thread's work.
-void LeaveMainWindow(const CWnd* window)
+// Whether the object has been the thread's main window.
+bool LeaveThread(const CWnd* window)
 {
     CWinThread* thread = AfxGetThread();
+    if (thread && thread->m_pActiveWnd == window)
+        thread->m_pActiveWnd = nullptr;
     if (!thread || thread->m_pMainWnd != window)
-        return;
-    ::PostQuitMessage(0);
+        return false;
     thread->m_pMainWnd = nullptr;
+    return true;
 }
 
 } // namespace
+
+CWnd::~CWnd()
+{
+    if (m_hWnd) {
+        CWnd::DestroyWindow();
+        Detach(); // also from a handle that was no window any more
+    }
+    LeaveThread(this); // a main window may end that never had a window
+}
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
@@ -72,7 +83,9 @@ const MSG* CWnd::GetCurrentMessage()
 
 void CWnd::OnNcDestroy()
 {
-    LeaveMainWindow(this);
+    // The end of a thread's main window is the end of the thread's work.
+    if (LeaveThread(this))
+        ::PostQuitMessage(0);
     const HWND window = m_hWnd;
     const WNDPROC super = m_pfnSuper;
     Default();
