@@ -29,7 +29,7 @@ public:
     // FALSE ends the program before InitInstance.
     virtual BOOL InitApplication();
     BOOL InitInstance() override; // TRUE
-    // Ends at once when InitInstance has left no main window.
+    // Ends after the messages that wait already when InitInstance has left no main window.
     int Run() override;
     int ExitInstance() override;
     BOOL OnIdle(LONG count) override;

@@ -75,7 +75,9 @@ BOOL CWinApp::InitInstance()
 
 int CWinApp::Run()
 {
-    return m_pMainWnd ? CWinThread::Run() : ExitInstance();
+    if (!m_pMainWnd)
+        AfxPostQuitMessage(0);
+    return CWinThread::Run();
 }
 
 int CWinApp::ExitInstance()

@@ -24,6 +24,11 @@ public:
     BOOL InitInstance() override
     {
         m_log.emplace_back("InitInstance");
+        if (m_showsDialog) {
+            CDialog dialog("NONE");
+            m_pMainWnd = &dialog;
+            EXPECT_EQ(-1, dialog.DoModal());
+        }
         if (m_frame)
             m_pMainWnd = m_frame;
         return m_initInstance;
@@ -47,6 +52,7 @@ public:
 
     BOOL m_initApplication = TRUE;
     BOOL m_initInstance = TRUE;
+    bool m_showsDialog = false;
     UINT m_help = 0;
     CWnd* m_frame = nullptr;
     std::vector<std::string> m_log;
@@ -116,6 +122,27 @@ TEST(AfxWinMain, DestroysTheMainWindowOfAnApplicationThatDoesNotRun)
     EXPECT_EQ(nullptr, app.m_pMainWnd);
     MSG quit;
     ::PeekMessage(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE); // that of the main window
+}
+
+// The main window of such an application is gone when InitInstance returns.
+TEST(AfxWinMain, EndsWithADialogThatCannotBeShown)
+{
+    App app;
+    app.m_showsDialog = true;
+    app.m_initInstance = FALSE;
+    EXPECT_EQ(0, app.Start(""));
+    EXPECT_THAT(app.m_log, ElementsAre("InitApplication", "InitInstance", "ExitInstance"));
+}
+
+TEST(AfxWinMain, HandlesWhatWaitsWithoutAMainWindow)
+{
+    CTestFrame* frame = new CTestFrame;
+    ASSERT_TRUE(frame->Create(nullptr, "Beside"));
+    frame->PostMessage(WM_CLOSE);
+    const HWND window = frame->m_hWnd;
+    App app;
+    EXPECT_EQ(0, app.Start(""));
+    EXPECT_FALSE(::IsWindow(window));
 }
 
 TEST(AfxWinMain, RunsUntilTheMainWindowIsClosed)
