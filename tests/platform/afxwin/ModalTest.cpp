@@ -151,6 +151,30 @@ TEST_F(ModalTest, LeavesQuitToTheOuterLoops)
     EXPECT_EQ(17U, message.wParam);
 }
 
+// A program that translates messages of its own does so for its modal dialogs too.
+TEST_F(ModalTest, HandsItsMessagesToTheThread)
+{
+    class App : public CWinApp
+    {
+    public:
+        BOOL PreTranslateMessage(MSG* message) override
+        {
+            if (message->message != WM_USER)
+                return CWinApp::PreTranslateMessage(message);
+            m_dialog->EndDialog(8);
+            return TRUE;
+        }
+        TestDialog* m_dialog = nullptr;
+    };
+    App app;
+    app.m_dialog = &m_dialog;
+    EXPECT_EQ(8, Run([this] { m_dialog.PostMessage(WM_USER); }));
+    EXPECT_EQ(-1, Run([] { ::PostQuitMessage(17); }));
+    MSG message = {};
+    EXPECT_FALSE(::GetMessageA(&message, nullptr, 0, 0));
+    EXPECT_EQ(17U, message.wParam);
+}
+
 TEST_F(ModalTest, TellsTheOwnerAndTheDialogOfIdleTimes)
 {
     class IdleDialog : public TestDialog

@@ -57,31 +57,48 @@ private:
     LPARAM m_count = 0;
 };
 
-// Painting is no work that calls for another idle time.
-bool IsWork(const MSG& message)
+// Takes messages as the thread's own loop does; a thread without an object has a plain one.
+class Pump
 {
-    return message.message != WM_PAINT;
-}
+public:
+    // False for WM_QUIT, which stays in the queue for the outer loops.
+    bool One()
+    {
+        const bool more = m_thread ? m_thread->PumpMessage() != FALSE : PlainOne();
+        if (!more)
+            ::PostQuitMessage(static_cast<int>(Message().wParam));
+        return more;
+    }
 
-// False for WM_QUIT, which stays in the queue for the outer loops.
-bool PumpOne(MSG& message)
-{
-    if (::GetMessageA(&message, nullptr, 0, 0) <= 0) {
-        ::PostQuitMessage(static_cast<int>(message.wParam));
-        return false;
+    // Whether the message calls for another idle time.
+    bool WasWork()
+    {
+        return m_thread ? m_thread->IsIdleMessage(&Message()) != FALSE : m_message.message != WM_PAINT;
     }
-    if (!CWnd::WalkPreTranslateTree(nullptr, &message)) {
-        ::TranslateMessage(&message);
-        ::DispatchMessageA(&message);
+
+private:
+    MSG& Message() { return m_thread ? m_thread->m_msgCur : m_message; }
+
+    bool PlainOne()
+    {
+        const BOOL answer = ::GetMessageA(&m_message, nullptr, 0, 0);
+        if (answer > 0 && !CWnd::WalkPreTranslateTree(nullptr, &m_message)) {
+            ::TranslateMessage(&m_message);
+            ::DispatchMessageA(&m_message);
+        }
+        return answer != 0;
     }
-    return true;
-}
+
+    CWinThread* const m_thread = AfxGetThread();
+    MSG m_message = {};
+};
 
 } // namespace
 
 int CWnd::RunModalLoop(DWORD flags)
 {
     ModalIdle idle(this, flags);
+    Pump pump;
     m_nModalResult = -1;
     m_continueModal = true;
     bool quit = false;
@@ -89,9 +106,8 @@ int CWnd::RunModalLoop(DWORD flags)
         idle.Work();
         if (!ContinueModal())
             break;
-        MSG message = {};
-        quit = !PumpOne(message);
-        if (IsWork(message))
+        quit = !pump.One();
+        if (pump.WasWork())
             idle.Again();
     }
     m_continueModal = false;
