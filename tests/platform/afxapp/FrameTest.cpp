@@ -149,6 +149,22 @@ TEST(CFrameWnd, UpdatesItsViewsAtFirstShow)
     frame->DestroyWindow();
 }
 
+TEST(CFrameWnd, ActivatesTheViewThatIsClicked)
+{
+    TestDocument document;
+    CFrameWnd* frame = FrameOf(&document);
+    CView* view = frame->GetActiveView();
+    frame->SetActiveView(nullptr);
+    view->SendMessage(WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(frame->m_hWnd), MAKELPARAM(1, WM_USER));
+    EXPECT_EQ(view, frame->GetActiveView());
+    frame->ShowWindow(SW_SHOW);
+    frame->SetActiveWindow();
+    ::SetFocus(nullptr);
+    view->SendMessage(WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(frame->m_hWnd), MAKELPARAM(1, WM_USER));
+    EXPECT_EQ(view->m_hWnd, ::GetFocus());
+    frame->DestroyWindow();
+}
+
 TEST(CFrameWnd, LosesItsActiveViewWithTheView)
 {
     TestDocument document;

@@ -1,6 +1,7 @@
 // A frame's view, activation and caption.
 #include <afxwin.h>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -65,8 +66,9 @@ void CFrameWnd::InitialUpdateFrame(CDocument* document, BOOL makeVisible)
         for (const HWND window : ViewsBelow(m_hWnd))
             if (CView* view = DYNAMIC_DOWNCAST(CView, CWnd::FromHandlePermanent(window)))
                 view->OnInitialUpdate();
-        const CWinApp* app = AfxGetApp();
-        ActivateFrame(app && app->m_pMainWnd == this ? app->m_nCmdShow : -1);
+        CWinApp* app = AfxGetApp();
+        const bool isMain = app && app->m_pMainWnd == this;
+        ActivateFrame(isMain ? std::exchange(app->m_nCmdShow, -1) : -1); // it counts for the first time only
         if (CView* view = GetActiveView())
             view->OnActivateView(TRUE, view, view);
     }

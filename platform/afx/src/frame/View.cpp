@@ -54,11 +54,16 @@ void CView::OnDestroy()
     CWnd::OnDestroy();
 }
 
-// A click into a view makes it the active one.
+// A click into a view makes it the active one, with the keyboard.
 LRESULT CView::OnMouseActivate(WPARAM, LPARAM)
 {
     const LRESULT answer = Default();
-    if (CFrameWnd* frame = GetParentFrame())
+    CFrameWnd* frame = GetParentFrame();
+    if (!frame || answer == MA_NOACTIVATE || answer == MA_NOACTIVATEANDEAT)
+        return answer;
+    if (frame->GetActiveView() == this)
+        OnActivateView(TRUE, this, this);
+    else
         frame->SetActiveView(this);
     return answer;
 }
