@@ -5,6 +5,7 @@
 
 #include <afxconv_.h>
 
+#include <atomic>
 #include <cmath>
 #include <float.h>
 
@@ -69,7 +70,8 @@ CView* GetActiveView()
 
 int GetOS()
 {
-    static int osClass = 0;
+    // Threads that ask first at the same time find the same.
+    static std::atomic<int> osClass = 0;
     if (osClass == 0) {
         OSVERSIONINFOA version{};
         version.dwOSVersionInfoSize = sizeof version;
