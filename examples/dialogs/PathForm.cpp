@@ -41,6 +41,7 @@ void CPathForm::WidenTo(int width, int id)
     ScreenToClient(label);
     label.right = width - kMargin;
     GetDlgItem(id)->MoveWindow(label);
+    GetDlgItem(id)->Invalidate(); // a label breaks its lines when it is painted
 }
 
 void CPathForm::ShowPath()

@@ -41,6 +41,17 @@ fi
 server -p300 || true
 # Without a window manager every window that closes would cost two seconds.
 wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+# The signs of the caption's buttons, and Korean letters in fonts that have none: the links of the system's own name
+# fonts that are not here. DejaVu first, for its small superscripts.
+fonts="$WINEPREFIX/drive_c/windows/Fonts"
+if [ ! -e "$fonts/marlett.ttf" ]; then
+    links='HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink'
+    wine reg add "$links" /v 'Liberation Sans' /t REG_MULTI_SZ /f \
+        /d 'DejaVuSans.ttf,DejaVu Sans\0NanumGothic.ttf,NanumGothic'
+    wine reg add "$links" /v 'Liberation Sans Bold' /t REG_MULTI_SZ /f \
+        /d 'DejaVuSans-Bold.ttf,DejaVu Sans\0NanumGothicBold.ttf,NanumGothic'
+    ln -s /usr/share/wine/fonts/marlett.ttf "$fonts/marlett.ttf"
+fi
 # The service behind OLE's table of running objects starts on demand; on a busy machine its first start can time
 # out, and the first test to need it would fail. `net start` fails, too, when the service runs already.
 for _ in 1 2 3 4 5; do
