@@ -42,8 +42,8 @@
 
 // The button that was chosen; 0 with ERROR_INVALID_MSGBOX_STYLE for an unknown button set. A null caption
 // is "Error".
-// Differs: no window opens. The box goes to the hook of zekhooks.h, which by default prints caption and text
-// on standard error and answers the default button.
+// Differs: the hook of zekhooks.h answers first, if one is set. Without a display caption and text are printed
+// on standard error, once, and the default button is answered.
 WINBASEAPI int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT style);
 #define MessageBox MessageBoxA
 // Plays and returns at once. Differs: always the desktop's bell, rung by the user-interface thread of a program
