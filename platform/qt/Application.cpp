@@ -39,13 +39,13 @@ void TellUnlessNoise(QtMsgType type, const QMessageLogContext& context, const QS
 }
 
 // Whether trying it cannot end the process or hang. The toolkit finds out itself for the others.
-bool IsWorthTrying(const QByteArray& platform)
+bool IsWorthTrying(const QByteArray& platform, XServer& server)
 {
-    return platform.split(':')[0].trimmed().toLower() != "xcb" || XServerAnswers();
+    return platform.split(':')[0].trimmed().toLower() != "xcb" || server.Answers();
 }
 
 // Where a platform cannot be had the toolkit tries the next of the list; with the last one it never fails.
-QByteArray PlatformsFor(const QByteArray& named)
+QByteArray PlatformsFor(const QByteArray& named, XServer& server)
 {
     QByteArrayList wanted = named.split(';');
     if (named.isEmpty()) {
@@ -56,7 +56,8 @@ QByteArray PlatformsFor(const QByteArray& named)
             wanted += "wayland";
     }
     QByteArrayList platforms;
-    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(platforms), IsWorthTrying);
+    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(platforms),
+                 [&server](const QByteArray& platform) { return IsWorthTrying(platform, server); });
     return (platforms << kHidden).join(';');
 }
 
@@ -82,6 +83,7 @@ bool StartApplication()
     if (QCoreApplication::instance()) // a host's object without widgets cannot be replaced
         return qobject_cast<QApplication*>(QCoreApplication::instance());
     const QByteArray named = qgetenv("QT_QPA_PLATFORM");
-    MakeApplication(PlatformsFor(named));
+    XServer server;
+    MakeApplication(PlatformsFor(named, server));
     return QGuiApplication::platformName() != QLatin1String(kHidden) || named.contains(kHidden);
 }
