@@ -18,11 +18,12 @@ constexpr const char* kDisplayVariables[] = {"QT_QPA_PLATFORM", "DISPLAY", "WAYL
 
 std::atomic<DWORD> uiThread{0};
 
-// Never unloaded: the toolkit's objects live to the process's end.
+// Never unloaded: the toolkit's objects live to the process's end. Binding all of the toolkit's functions at
+// once takes as long as everything else that the first window needs.
 WindowBackend* Load()
 {
     const std::string path = LibraryFolder() + kModule;
-    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* module = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
     void* symbol = module ? dlsym(module, kCreateWindowBackend) : nullptr;
     if (!symbol) {
         if (access(path.c_str(), F_OK) == 0) // it is there, so windows are expected
