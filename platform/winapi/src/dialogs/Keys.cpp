@@ -37,6 +37,23 @@ void Press(HWND dialog)
         Command(dialog, id, button);
 }
 
+// A window that the dialog manager did not make knows no WM_NEXTDLGCTL.
+void GoTo(HWND dialog, HWND control)
+{
+    if (StateOf(dialog))
+        SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    else
+        MoveFocus(dialog, control);
+}
+
+void GoToNext(HWND dialog, bool backwards)
+{
+    if (StateOf(dialog))
+        SendMessageA(dialog, WM_NEXTDLGCTL, backwards, FALSE);
+    else if (const HWND next = GetNextDlgTabItem(dialog, GetFocus(), backwards))
+        MoveFocus(dialog, next);
+}
+
 // Within its group; a radio button that gets the keyboard is chosen too.
 void MoveInGroup(HWND dialog, bool backwards)
 {
@@ -44,7 +61,7 @@ void MoveInGroup(HWND dialog, bool backwards)
     const HWND next = GetNextDlgGroupItem(dialog, focus, backwards);
     if (!next || next == focus)
         return;
-    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+    GoTo(dialog, next);
     const LONG kind = GetWindowLongA(next, GWL_STYLE) & BS_TYPEMASK;
     if ((DialogCode(next) & DLGC_RADIOBUTTON) && kind == BS_AUTORADIOBUTTON &&
         SendMessageA(next, BM_GETCHECK, 0, 0) != BST_CHECKED)
@@ -57,7 +74,7 @@ bool KeyDown(HWND dialog, WPARAM key, UINT wanted)
     case VK_TAB:
         if (wanted & DLGC_WANTTAB)
             return false;
-        SendMessageA(dialog, WM_NEXTDLGCTL, GetKeyState(VK_SHIFT) < 0, 0);
+        GoToNext(dialog, GetKeyState(VK_SHIFT) < 0);
         return true;
     case VK_LEFT:
     case VK_UP:
