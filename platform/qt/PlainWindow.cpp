@@ -5,6 +5,7 @@
 #include <QtCore/QThread>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/qdrawutil.h>
 
@@ -131,13 +132,18 @@ QWidget* PlainWindow::OwnerWidget() const
     return !IsChild() && Parent() && Parent()->Widget() ? Parent()->Widget()->window() : nullptr;
 }
 
+// Window managers put both boxes on the caption of any other, whatever it is said to have.
+bool PlainWindow::IsDialog() const
+{
+    return OwnerWidget() || ExStyle() & WS_EX_DLGMODALFRAME ||
+           (HasCaption(Style()) && !(Style() & (WS_MINIMIZEBOX | WS_MAXIMIZEBOX)));
+}
+
 Qt::WindowFlags PlainWindow::Flags() const
 {
     if (IsChild())
         return Qt::Widget;
-    Qt::WindowFlags flags = ExStyle() & WS_EX_TOOLWINDOW                       ? Qt::Tool
-                            : OwnerWidget() || ExStyle() & WS_EX_DLGMODALFRAME ? Qt::Dialog
-                                                                               : Qt::Window;
+    Qt::WindowFlags flags = ExStyle() & WS_EX_TOOLWINDOW ? Qt::Tool : IsDialog() ? Qt::Dialog : Qt::Window;
     if (ExStyle() & WS_EX_TOPMOST)
         flags |= Qt::WindowStaysOnTopHint;
     if (!IsCaptioned(Style()))
@@ -185,11 +191,19 @@ void PlainWindow::Show(int command)
         WindowPeer::Show(command);
         return;
     }
-    Widget()->setAttribute(Qt::WA_ShowWithoutActivating, ShowsWithoutActivating(command));
+    ShowActivating(!ShowsWithoutActivating(command));
     m_state = StateOf(command, m_state);
     if (Widget()->windowState() != m_state)
         Widget()->setWindowState(m_state);
     Widget()->show();
+}
+
+// The toolkit asks the attribute only when it makes its window.
+void PlainWindow::ShowActivating(bool activating)
+{
+    Widget()->setAttribute(Qt::WA_ShowWithoutActivating, !activating);
+    if (QWindow* shown = Widget()->windowHandle())
+        shown->setProperty("_q_showWithoutActivating", !activating);
 }
 
 void PlainWindow::SetText(std::string_view text)

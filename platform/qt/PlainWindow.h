@@ -29,9 +29,11 @@ private:
     void Place(const QRect& outer) override;
     Qt::WindowFlags Flags() const;
     QWidget* OwnerWidget() const;
+    void ShowActivating(bool activating);
     void TellPlace();
     void TellState();
     void TellActive(bool active);
+    bool IsDialog() const;
     bool IsResizable() const;
 
     QRect m_place;            // where the adapter believes the window

@@ -89,29 +89,32 @@ TEST_F(WindowTest, StylesMakeTheFrame)
         const char* label;
         DWORD style;
         DWORD exStyle;
+        bool owned;
         Qt::WindowFlags has;
         Qt::WindowFlags hasNot;
     };
-    const std::array<Row, 5> kRows = {{
-        {"dialog", WS_POPUP | WS_CAPTION | WS_SYSMENU, 0, Qt::WindowCloseButtonHint,
+    const std::array<Row, 6> kRows = {{
+        {"dialog", WS_POPUP | WS_CAPTION | WS_SYSMENU, 0, true, Qt::Dialog | Qt::WindowCloseButtonHint,
          Qt::WindowMinimizeButtonHint | Qt::FramelessWindowHint},
-        {"no close box", WS_POPUP | WS_CAPTION, 0, Qt::WindowTitleHint, Qt::WindowCloseButtonHint},
-        {"bare", WS_POPUP, 0, Qt::FramelessWindowHint, Qt::WindowTitleHint},
-        {"boxes", WS_OVERLAPPEDWINDOW, 0, Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint,
+        {"dialog of its own", WS_POPUP | WS_CAPTION, 0, false, Qt::Dialog, Qt::WindowMinimizeButtonHint},
+        {"no close box", WS_POPUP | WS_CAPTION, 0, true, Qt::WindowTitleHint, Qt::WindowCloseButtonHint},
+        {"bare", WS_POPUP, 0, true, Qt::FramelessWindowHint, Qt::WindowTitleHint},
+        {"boxes", WS_OVERLAPPEDWINDOW, 0, true, Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint,
          Qt::WindowStaysOnTopHint},
-        {"on top", WS_POPUP | WS_CAPTION, WS_EX_TOPMOST, Qt::WindowStaysOnTopHint, Qt::FramelessWindowHint},
+        {"on top", WS_POPUP | WS_CAPTION, WS_EX_TOPMOST, true, Qt::WindowStaysOnTopHint,
+         Qt::FramelessWindowHint},
     }};
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.label);
         const HWND window = CreateWindowExA(row.exStyle, "Widgets", row.label, row.style, 10, 10, 200, 100,
-                                            Host(), nullptr, nullptr, nullptr);
+                                            row.owned ? Host() : nullptr, nullptr, nullptr, nullptr);
         QWidget* widget = TopLevel(window);
         ASSERT_TRUE(widget);
         EXPECT_EQ(widget->windowFlags() & row.has, row.has);
         EXPECT_EQ(widget->windowFlags() & row.hasNot, Qt::WindowFlags());
         EXPECT_EQ(widget->minimumSize() == widget->maximumSize(), !(row.style & WS_THICKFRAME));
         EXPECT_FALSE(widget->isVisible());
-        EXPECT_EQ(widget->parentWidget(), TopLevel(Host()));
+        EXPECT_EQ(widget->parentWidget(), row.owned ? TopLevel(Host()) : nullptr);
         DestroyWindow(window);
     }
 }

@@ -105,8 +105,10 @@ void ApplyToPeer(const WindowRef& window, const WINDOWPOS& place)
         return;
     if ((place.flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE))
         PlacePeer(window);
-    if (place.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW))
-        ShowPeer(window, place.flags & SWP_SHOWWINDOW ? SW_SHOWNA : SW_HIDE);
+    if (place.flags & SWP_HIDEWINDOW)
+        ShowPeer(window, SW_HIDE);
+    else if (place.flags & SWP_SHOWWINDOW)
+        ShowPeer(window, place.flags & SWP_NOACTIVATE ? SW_SHOWNA : SW_SHOW);
     if (place.flags & SWP_NOZORDER)
         return;
     if (place.hwndInsertAfter == HWND_BOTTOM)
