@@ -76,10 +76,22 @@ CString InActivePage(const std::vector<WCHAR>& wide)
     return text;
 }
 
-// A symbol as windows can show it: where they speak UTF-8, its bytes are no text.
-CString Shown(const CString& text)
+bool IsAscii(const CString& text)
 {
-    if (text.IsEmpty() || !Wide(CP_ACP, text).empty())
+    const char* const begin = text;
+    return std::all_of(begin, begin + text.GetLength(), [](char c) { return (c & 0x80) == 0; });
+}
+
+bool IsOfActivePage(const CString& text)
+{
+    return !Wide(CP_ACP, text).empty();
+}
+
+// What goes into a caption: beside characters of the active page, bytes of another would make the whole no
+// text in either.
+CString Beside(const CString& caption, const CString& text)
+{
+    if (IsAscii(caption) || !IsOfActivePage(caption) || IsOfActivePage(text))
         return text;
     for (const auto& row : kPages)
         if (const auto wide = Wide(row.page, text); CLocaleLib::csLocale == row.locale && !wide.empty())
@@ -96,7 +108,8 @@ int FillCaption(const CWnd* window, int id, const TEXTS&... texts)
     if (!control)
         return 0;
     CString filled;
-    filled.Format(TextOf(control), Shown(texts)...);
+    const CString caption = TextOf(control);
+    filled.Format(caption, Beside(caption, texts)...);
     ::SetWindowTextA(control, filled);
     return 1;
 }

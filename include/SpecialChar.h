@@ -45,8 +45,9 @@ public:
 
     // Fills the texts into the caption of the child nID, which is a format with a %s for each, and answers 1;
     // 0 when there is no such window. What else stands in the caption behind a '%' and needs another
-    // argument, or one more, stays as it is written. A text that the process's code page does not know, as
-    // UTF-8 does not know the symbols' bytes, is taken to be in the page of CLocaleLib::csLocale.
+    // argument, or one more, stays as it is written. In a caption that holds more than ASCII, a text that the
+    // process's code page does not know, as UTF-8 does not know the symbols' bytes, is taken to be in the
+    // page of CLocaleLib::csLocale.
     static int FillWindowChar(CWnd* pWnd, int nID, const CString& str1);
     static int FillWindowChar(CWnd* pWnd, int nID, const CString& str1, const CString& str2);
 

@@ -200,6 +200,9 @@ TEST_F(Caption, InUtf8ShowsTheSymbolsOfTheLanguage)
         CLocaleLib::csLocale = row.locale;
         EXPECT_EQ(Filled("\xEB\xA9\xB4 %s", row.symbol), row.filled);
     }
+    CLocaleLib::csLocale = "0412";
+    EXPECT_EQ(Filled("Area (m%s)", "\xA9\xF7"), "Area (m\xA9\xF7)") << "a caption that any page has";
+    EXPECT_EQ(Filled("\xB8\xE9 %s", "\xA9\xF7"), "\xB8\xE9 \xA9\xF7") << "a caption in that page itself";
     CLocaleLib::csLocale = before;
 }
 
