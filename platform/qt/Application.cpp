@@ -24,6 +24,7 @@ constexpr std::array kNoise = {"XDG_RUNTIME_DIR",
                                "Could not load the Qt platform plugin",
                                "Could not find the Qt platform plugin",
                                "Detected locale",
+                               "Timers cannot be stopped from another thread",
                                "This plugin does not support"};
 
 QtMessageHandler g_nextHandler = nullptr;

@@ -96,8 +96,10 @@ ListBoxPeer::ListBoxPeer(const PeerRequest& request, PeerEvents& events)
 void ListBoxPeer::SetFont(const QFont& font)
 {
     WindowPeer::SetFont(font);
-    if (Widget())
-        m_list->doItemsLayout();
+    if (!Widget() || !Window())
+        return;
+    m_list->doItemsLayout();
+    ShowWholeRows();
 }
 
 void ListBoxPeer::SetStyle(DWORD style, DWORD exStyle)
@@ -428,17 +430,24 @@ LRESULT ListBoxPeer::OnKeyDown(WPARAM key, LPARAM)
 }
 
 // Shows whole items only.
-LRESULT ListBoxPeer::OnSize(WPARAM, LPARAM size)
+LRESULT ListBoxPeer::OnSize(WPARAM, LPARAM)
 {
-    const int inside = static_cast<short>(HIWORD(size));
-    const int excess = inside % std::max(static_cast<int>(OnGetItemHeight(0, 0)), 1);
-    if (Style() & LBS_NOINTEGRALHEIGHT || excess == inside || !excess)
-        return 0;
+    ShowWholeRows();
+    return 0;
+}
+
+// Takes away what the last row has not room enough in.
+void ListBoxPeer::ShowWholeRows()
+{
+    RECT inside;
+    GetClientRect(Window(), &inside);
+    const int excess = inside.bottom % std::max(static_cast<int>(OnGetItemHeight(0, 0)), 1);
+    if (Style() & LBS_NOINTEGRALHEIGHT || excess == inside.bottom || !excess)
+        return;
     RECT place;
     GetWindowRect(Window(), &place);
     SetWindowPos(Window(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top - excess,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    return 0;
 }
 
 // Typing goes to the item that begins so.

@@ -20,6 +20,7 @@ public:
     bool Message(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
 private:
+    void ShowWholeRows();
     class View;
 
     bool IsMultiple() const { return Style() & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL); }

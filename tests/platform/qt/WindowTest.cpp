@@ -143,6 +143,21 @@ TEST_F(WindowTest, FocusGoesBothWays)
     EXPECT_FALSE(At(15, 45)->isEnabled());
 }
 
+TEST_F(WindowTest, AListShowsWholeRowsInAnotherFontToo)
+{
+    const HWND list = Make("LISTBOX", WS_BORDER, "", 10, 10, 100, 100);
+    for (const int height : {11, 17}) {
+        const HFONT font =
+            CreateFontA(-height, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "Arial");
+        SendMessageA(list, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        RECT client;
+        GetClientRect(list, &client);
+        EXPECT_EQ(client.bottom % SendMessageA(list, LB_GETITEMHEIGHT, 0, 0), 0);
+        SendMessageA(list, WM_SETFONT, 0, FALSE);
+        DeleteObject(font);
+    }
+}
+
 // Children are made, and are gone again, in any order that their windows are.
 TEST_F(WindowTest, WidgetsEndWithTheirWindows)
 {
