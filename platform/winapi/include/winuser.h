@@ -42,8 +42,11 @@
 
 // The button that was chosen; 0 with ERROR_INVALID_MSGBOX_STYLE for an unknown button set. A null caption
 // is "Error".
-// Differs: the hook of zekhooks.h answers first, if one is set. Without a display caption and text are printed
-// on standard error, once, and the default button is answered.
+// Threads: any. The first thread that shows a window or a box is the user-interface thread; the boxes of the
+// others come up when it asks for messages, however many, and each thread's own timers and messages are
+// served while it waits.
+// Differs: the hook of zekhooks.h answers first, if one is set. Without a display, or when the user-interface
+// thread has ended, caption and text are printed once on standard error and the default button is answered.
 WINBASEAPI int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT style);
 #define MessageBox MessageBoxA
 // Plays and returns at once. Differs: always the desktop's bell, rung by the user-interface thread of a program

@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <thread>
-
 TEST(Boxes, EverySetHasItsButtonsAndDefaults)
 {
     const struct {
@@ -168,25 +166,4 @@ TEST(Boxes, OneMayComeUpInAnother)
     });
     answers.push_back(MessageBoxA(nullptr, "outer", "outer", MB_YESNO));
     EXPECT_THAT(answers, testing::ElementsAre(IDNO, IDYES));
-}
-
-TEST(Boxes, AnyThreadMayShowOne)
-{
-    const DWORD mine = GetCurrentThreadId();
-    int answer = 0;
-    std::thread worker([&] {
-        answer = MessageBoxA(nullptr, "text", "Box of a worker", MB_YESNO);
-        PostThreadMessageA(mine, WM_APP, 0, 0);
-    });
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, nullptr);
-    MSG message = {};
-    while (GetMessageA(&message, nullptr, 0, 0) > 0 && message.message != WM_APP) {
-        const HWND box = message.message == WM_TIMER ? FindWindowA("#32770", "Box of a worker") : nullptr;
-        if (box)
-            PressButton(box, IDNO);
-        DispatchMessageA(&message);
-    }
-    worker.join();
-    KillTimer(nullptr, timer);
-    EXPECT_EQ(IDNO, answer);
 }

@@ -1,52 +1,68 @@
 #include "BoxThread.h"
 
 #include "../windows/BackendLoader.h"
+#include "../windows/Queue.h"
+#include "State.h"
 
-#include <atomic>
+#include <utility>
 
 namespace {
 
-constexpr UINT kRun = WM_APP;
-constexpr LPCSTR kClass = "ZekBoxThread";
+constexpr DWORD kPatience = 1000; // milliseconds, for a thread that is busy or has stopped asking
 
-struct Job {
-    const std::function<void()>& work;
-    bool done = false;
+// When the process's first thread ends, so does the process: nobody is to run any more then.
+struct AtTheEnd {
+    ~AtTheEnd()
+    {
+        if (GetCurrentThreadId() != GetCurrentProcessId())
+            AbandonForeignRuns();
+    }
 };
 
-// A window without a picture: what is sent to it runs on the thread that made it.
-std::atomic<HWND> runner{nullptr};
-
-LRESULT CALLBACK RunnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+bool IsDialogKey(UINT message)
 {
-    if (message != kRun)
-        return DefWindowProcA(window, message, wParam, lParam);
-    Job& job = *reinterpret_cast<Job*>(lParam);
-    job.work();
-    job.done = true;
-    return 0;
+    return message == WM_KEYDOWN || message == WM_CHAR || message == WM_SYSCHAR;
+}
+
+// Null unless the window is in a box that another thread waits for.
+HWND ForeignBox(HWND window)
+{
+    const HWND top = GetAncestor(window, GA_ROOT);
+    const DialogState* state = StateOf(top);
+    return state && state->run && state->run->waiter != GetCurrentThreadId() ? top : nullptr;
 }
 
 } // namespace
 
-void PrepareBoxThread()
+void ChooseUiThread()
 {
-    if (runner || UiThread() != GetCurrentThreadId())
-        return;
-    WNDCLASSA description = {};
-    description.lpfnWndProc = &RunnerProcedure;
-    description.lpszClassName = kClass;
-    RegisterClassA(&description);
-    runner = CreateWindowExA(0, kClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    static const std::function<void()> load = [] { Backend(); };
+    const DWORD first = GetCurrentProcessId();
+    if (UiThread() == 0 && first != GetCurrentThreadId() && IsDisplayNamed())
+        RunOnThread(first, load, kPatience);
 }
 
 bool RunOnUiThread(const std::function<void()>& work)
 {
-    PrepareBoxThread();
-    if (UiThread() == GetCurrentThreadId())
-        return work(), true;
-    Job job{work};
-    if (runner)
-        SendMessageA(runner, kRun, 0, reinterpret_cast<LPARAM>(&job));
-    return job.done;
+    return RunOnThread(UiThread(), work);
+}
+
+bool IsBoxKey(const MSG& message)
+{
+    // What is no key of the dialog's own comes here again, to be dispatched.
+    thread_local const MSG* known = nullptr;
+    const HWND box = IsDialogKey(message.message) && &message != known ? ForeignBox(message.hwnd) : nullptr;
+    if (!box)
+        return false;
+    MSG key = message;
+    const MSG* before = std::exchange(known, &key);
+    const bool taken = IsDialogMessageA(box, &key);
+    known = before;
+    return taken;
+}
+
+void WatchForTheEnd()
+{
+    thread_local AtTheEnd atTheEnd;
+    static_cast<void>(atTheEnd);
 }

@@ -2,6 +2,8 @@
 
 #include "../Error.h"
 #include "../resources/Resources.h"
+#include "../windows/Window.h"
+#include "BoxThread.h"
 #include "Focus.h"
 #include "Units.h"
 
@@ -166,12 +168,22 @@ void DisableOwner(const DialogOrder& order)
         order.run->owner = order.owner;
 }
 
+// The thread that waits finds the dialog among its own.
+void BelongTo(HWND dialog, DWORD waiter)
+{
+    const WindowGuard guard;
+    WindowOf(dialog)->waiter = waiter;
+    WatchForTheEnd();
+}
+
 DialogState& Prepare(HWND dialog, const DialogOrder& order, HFONT font, const SIZE& base)
 {
     DialogState& state = MakeState(dialog);
     state.font = font;
     state.base = base;
     state.run = order.run;
+    if (order.run && order.run->waiter != GetCurrentThreadId())
+        BelongTo(dialog, order.run->waiter);
     SetWindowLongPtrA(dialog, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(order.procedure));
     if (font)
         SendMessageA(dialog, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);

@@ -112,10 +112,14 @@ private:
 // -1 when it cannot be shown.
 INT_PTR ShowBox(const Box& box)
 {
-    const Template shape =
-        BoxTemplate(ShownText(box.text ? box.text : ""), ShownText(box.caption), box.style);
+    Template shape;
+    const bool measured = RunOnUiThread(
+        [&] { shape = BoxTemplate(ShownText(box.text ? box.text : ""), ShownText(box.caption), box.style); });
+    if (!measured)
+        return -1;
     const ThreadDisabled disabled((box.style & MB_TASKMODAL) && !box.owner);
-    return RunDialog(shape, {nullptr, box.owner, &BoxProcedure, reinterpret_cast<LPARAM>(&box), nullptr});
+    return RunDialogAnywhere(shape,
+                             {nullptr, box.owner, &BoxProcedure, reinterpret_cast<LPARAM>(&box), nullptr});
 }
 
 // One write, so that the boxes of two threads do not mix.
@@ -129,10 +133,9 @@ int PrintBox(const Box& box)
 int ShowOrPrint(HWND owner, LPCSTR text, LPCSTR caption, UINT style)
 {
     const Box box = {owner, text, caption, style};
-    INT_PTR answer = -1;
-    if (!CanShowWindows() || !RunOnUiThread([&] { answer = ShowBox(box); }) || answer < 0)
-        return PrintBox(box);
-    return static_cast<int>(answer);
+    ChooseUiThread();
+    const INT_PTR answer = CanShowWindows() ? ShowBox(box) : -1;
+    return answer < 0 ? PrintBox(box) : static_cast<int>(answer);
 }
 
 std::atomic<ZEK_BOX_HOOK> boxHook{ShowOrPrint};

@@ -1,6 +1,9 @@
 #include "Modal.h"
 
 #include "../Error.h"
+#include "../windows/Queue.h"
+#include "../windows/Window.h"
+#include "BoxThread.h"
 
 namespace {
 
@@ -59,20 +62,54 @@ HWND TopLevelOf(HWND window)
     return top == GetDesktopWindow() ? nullptr : top;
 }
 
-} // namespace
+// Where the dialog is made and destroyed.
+using Perform = bool(const std::function<void()>& work);
 
-INT_PTR RunDialog(const Template& shape, DialogOrder order)
+bool Here(const std::function<void()>& work)
+{
+    return work(), true;
+}
+
+INT_PTR RunWith(Perform& perform, const Template& shape, DialogOrder order)
 {
     ModalRun run;
     order.run = &run;
     order.owner = TopLevelOf(order.owner);
-    const HWND dialog = MakeDialog(shape, order);
+    HWND dialog = nullptr;
+    perform([&] { dialog = MakeDialog(shape, order); });
     if (dialog)
         RunLoop(dialog, run);
     run.EnableOwner();
     if (dialog && IsWindow(dialog))
-        DestroyWindow(dialog);
-    return dialog ? run.result : kNotMade;
+        perform([dialog] { DestroyWindow(dialog); });
+    return dialog ? run.result.load() : kNotMade;
+}
+
+void End(HWND dialog, INT_PTR result)
+{
+    DialogState* state = StateOf(dialog);
+    if (!state)
+        return;
+    state->ended = true;
+    if (ModalRun* run = state->run) {
+        run->result = result;
+        // First, so that the owner and no stranger becomes active.
+        run->EnableOwner();
+        run->End();
+    }
+    ShowWindow(dialog, SW_HIDE);
+}
+
+} // namespace
+
+INT_PTR RunDialog(const Template& shape, DialogOrder order)
+{
+    return RunWith(Here, shape, order);
+}
+
+INT_PTR RunDialogAnywhere(const Template& shape, DialogOrder order)
+{
+    return RunWith(RunOnUiThread, shape, order);
 }
 
 INT_PTR WINAPI DialogBoxParamA(HINSTANCE module, LPCSTR name, HWND owner, DLGPROC procedure, LPARAM data)
@@ -88,17 +125,9 @@ INT_PTR WINAPI DialogBoxIndirectParamA(HINSTANCE module, LPCDLGTEMPLATEA shape, 
 
 BOOL WINAPI EndDialog(HWND dialog, INT_PTR result)
 {
-    DialogState* state = StateOf(dialog);
-    if (!state)
+    const WindowRef window = WindowOf(dialog);
+    if (!window || !StateOf(dialog))
         return Fail(ERROR_INVALID_WINDOW_HANDLE);
-    state->ended = true;
-    if (ModalRun* run = state->run) {
-        run->ended = true;
-        run->result = result;
-        // First, so that the owner and no stranger becomes active.
-        run->EnableOwner();
-    }
-    ShowWindow(dialog, SW_HIDE);
-    PostMessageA(dialog, WM_NULL, 0, 0); // the loop may be waiting
+    RunOnThreadOf(window, [&] { End(dialog, result); });
     return TRUE;
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace {
 
@@ -23,9 +24,15 @@ States& All()
 
 void ModalRun::EnableOwner()
 {
-    if (owner)
-        EnableWindow(owner, TRUE);
-    owner = nullptr;
+    if (const HWND disabled = owner.exchange(nullptr))
+        EnableWindow(disabled, TRUE);
+}
+
+void ModalRun::End()
+{
+    const DWORD thread = waiter;
+    ended = true;
+    PostThreadMessageA(thread, WM_NULL, 0, 0); // the loop may be waiting
 }
 
 DialogState* StateOf(HWND dialog)
@@ -58,8 +65,18 @@ void DropState(HWND dialog)
         return;
     if (state->font)
         DeleteObject(state->font);
-    if (state->run) {
-        state->run->ended = true;
-        PostMessageA(nullptr, WM_NULL, 0, 0); // the loop may be waiting
+    if (state->run)
+        state->run->End();
+}
+
+void AbandonForeignRuns()
+{
+    States& states = All();
+    const std::lock_guard lock(states.mutex);
+    for (const auto& [dialog, state] : states.byWindow) {
+        if (!state->run || state->run->waiter == GetCurrentThreadId())
+            continue;
+        state->run->result = -1;
+        std::exchange(state->run, nullptr)->End();
     }
 }

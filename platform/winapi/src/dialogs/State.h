@@ -1,15 +1,22 @@
 // What the dialog manager keeps of a dialog beyond its window.
 #pragma once
 
+#include <winbase.h>
 #include <winuser.h>
 
-// A modal loop on its thread's stack; it outlives the dialog's window.
+#include <atomic>
+
+// A modal loop on the stack of the thread that waits, which need not be the dialog's; it outlives
+// the dialog's state.
 struct ModalRun {
-    HWND owner = nullptr; // disabled by this run: to be enabled again
-    bool ended = false;   // by EndDialog, or the window is gone
-    INT_PTR result = 0;
+    const DWORD waiter = GetCurrentThreadId();
+    std::atomic<HWND> owner = nullptr; // disabled by this run: to be enabled again
+    std::atomic<bool> ended = false;   // by EndDialog, or the window is gone
+    std::atomic<INT_PTR> result = 0;
 
     void EnableOwner();
+    // Lets the loop go on; the run may be gone afterwards.
+    void End();
 };
 
 struct DialogState {
@@ -25,3 +32,5 @@ struct DialogState {
 DialogState* StateOf(HWND dialog);
 DialogState& MakeState(HWND dialog);
 void DropState(HWND dialog);
+// Ends the modal loops that other threads run for dialogs of this one, with -1.
+void AbandonForeignRuns();

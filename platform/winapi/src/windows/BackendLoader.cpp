@@ -1,7 +1,6 @@
 #include "BackendLoader.h"
 
 #include "../ModuleSearch.h"
-#include "../dialogs/BoxThread.h"
 
 #include <dlfcn.h>
 #include <unistd.h>
@@ -33,6 +32,8 @@ WindowBackend* Load()
     return std::bit_cast<ZekCreateWindowBackendFunc*>(symbol)(&TheEvents());
 }
 
+} // namespace
+
 bool IsDisplayNamed()
 {
     for (const char* name : kDisplayVariables) {
@@ -42,8 +43,6 @@ bool IsDisplayNamed()
     }
     return false;
 }
-
-} // namespace
 
 DWORD UiThread()
 {
@@ -63,8 +62,5 @@ WindowBackend* Backend()
 
 bool CanShowWindows()
 {
-    if (!IsDisplayNamed() || !Backend() || !Backend()->HasDisplay())
-        return false;
-    PrepareBoxThread();
-    return true;
+    return IsDisplayNamed() && Backend() && Backend()->HasDisplay();
 }

@@ -6,5 +6,8 @@
 // 0 while the module is not loaded.
 DWORD UiThread();
 
+// Whether the environment names a display.
+bool IsDisplayNamed();
+
 // What the toolkit tells, turned into messages.
 PeerEvents& TheEvents();

@@ -265,7 +265,7 @@ BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC callback, LPARAM data)
     {
         const WindowGuard guard;
         for (const Window* window : Desktop()->children)
-            if (window->thread == thread)
+            if ((window->waiter ? window->waiter : window->thread) == thread)
                 handles.push_back(window->handle);
     }
     return CallForEach(handles, callback, data);

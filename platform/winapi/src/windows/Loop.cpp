@@ -1,5 +1,6 @@
 #include "../CodePage.h"
 #include "../Error.h"
+#include "../dialogs/BoxThread.h"
 #include "BackendLoader.h"
 #include "KeyText.h"
 #include "Queue.h"
@@ -101,6 +102,8 @@ LRESULT WINAPI DispatchMessageA(const MSG* message)
         return 0;
     }
     if (!message->hwnd)
+        return 0;
+    if (IsBoxKey(*message))
         return 0;
     return OwnWindowOf(message->hwnd)
                ? CallWindow(message->hwnd, message->message, message->wParam, message->lParam)

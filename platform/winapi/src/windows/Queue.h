@@ -154,7 +154,10 @@ const std::shared_ptr<MessageQueue>& ThisQueue();
 // Null for a thread that has none.
 std::shared_ptr<MessageQueue> QueueOf(DWORD thread);
 
-// Has the window's own thread do something, and waits for it.
+// Has a thread do something when it asks for messages, and waits for it. False when it could not: the thread
+// has no messages, or has ended, or the time is over; `work` may then still be done and must outlive that.
+bool RunOnThread(DWORD thread, const std::function<void()>& work, DWORD milliseconds = INFINITE);
+// Likewise the window's own thread.
 void RunOnThreadOf(const std::shared_ptr<struct Window>& window, const std::function<void()>& work);
 
 // Calls the procedure of a window of this thread.

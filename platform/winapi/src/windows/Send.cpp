@@ -66,6 +66,16 @@ bool Broadcast(const Call& call, DWORD milliseconds)
 
 } // namespace
 
+bool RunOnThread(DWORD thread, const std::function<void()>& work, DWORD milliseconds)
+{
+    if (thread == GetCurrentThreadId())
+        return work(), true;
+    LRESULT ignored = 0;
+    // The desktop is a window that is always there.
+    return SendAcross({Desktop()->handle, kRun, 0, reinterpret_cast<LPARAM>(&work)}, QueueOf(thread),
+                      milliseconds, ignored);
+}
+
 void RunOnThreadOf(const WindowRef& window, const std::function<void()>& work)
 {
     if (window->thread == GetCurrentThreadId())

@@ -18,6 +18,7 @@ struct WindowClass;
 struct Window {
     HWND handle = nullptr;
     DWORD thread = 0;
+    DWORD waiter = 0; // the thread whose message box it is; 0: its own
     std::shared_ptr<const WindowClass> kind;
     WNDPROC procedure = nullptr;
     DWORD style = 0;
