@@ -19,10 +19,17 @@ TEST(NoDisplay, BoxesPrintTheirTextOnceAndAnswerTheDefault)
         UINT style;
         int answer;
     } kRows[] = {{MB_OK, IDOK},
+                 {MB_OKCANCEL, IDOK},
                  {MB_OKCANCEL | MB_DEFBUTTON2, IDCANCEL},
-                 {MB_YESNO | MB_ICONQUESTION, IDYES},
+                 {MB_ABORTRETRYIGNORE | MB_DEFBUTTON2, IDRETRY},
+                 {MB_ABORTRETRYIGNORE | MB_DEFBUTTON3, IDIGNORE},
                  {MB_YESNOCANCEL | MB_DEFBUTTON3, IDCANCEL},
-                 {MB_ABORTRETRYIGNORE | MB_DEFBUTTON2, IDRETRY}};
+                 {MB_YESNO | MB_ICONQUESTION, IDYES},
+                 {MB_YESNO | MB_DEFBUTTON2 | MB_ICONWARNING, IDNO},
+                 {MB_YESNO | MB_DEFBUTTON3, IDYES},
+                 {MB_RETRYCANCEL, IDRETRY},
+                 {MB_CANCELTRYCONTINUE | MB_DEFBUTTON2, IDTRYAGAIN},
+                 {MB_OK | MB_HELP | MB_DEFBUTTON2, IDOK}};
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.style);
         testing::internal::CaptureStderr();
@@ -33,6 +40,9 @@ TEST(NoDisplay, BoxesPrintTheirTextOnceAndAnswerTheDefault)
     testing::internal::CaptureStderr();
     MessageBoxA(nullptr, nullptr, nullptr, MB_OK);
     EXPECT_EQ("Error: \n", testing::internal::GetCapturedStderr());
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(0, MessageBoxA(nullptr, "no such set", "Caption", 7));
+    EXPECT_EQ("", testing::internal::GetCapturedStderr());
 }
 
 TEST(NoDisplay, DialogsCannotBeMade)

@@ -176,29 +176,6 @@ TEST(AdapterBoxes, TheHookAnswers)
     EXPECT_EQ(ZekSetBoxHook(before), AnswerNo);
 }
 
-TEST(AdapterBoxes, WithoutAHookTheDefaultButtonAnswers)
-{
-    const struct {
-        UINT style;
-        int button;
-    } rows[] = {{MB_OK, IDOK},
-                {MB_OKCANCEL, IDOK},
-                {MB_OKCANCEL | MB_DEFBUTTON2, IDCANCEL},
-                {MB_ABORTRETRYIGNORE | MB_DEFBUTTON3, IDIGNORE},
-                {MB_YESNOCANCEL, IDYES},
-                {MB_YESNO | MB_DEFBUTTON2 | MB_ICONWARNING, IDNO},
-                {MB_YESNO | MB_DEFBUTTON3, IDYES},
-                {MB_RETRYCANCEL, IDRETRY},
-                {MB_CANCELTRYCONTINUE | MB_DEFBUTTON2, IDTRYAGAIN},
-                {7, 0}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.style);
-        testing::internal::CaptureStderr();
-        EXPECT_EQ(MessageBoxA(nullptr, "text", "Title", row.style), row.button);
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), row.button ? "Title: text\n" : "");
-    }
-}
-
 // What a shell prints when it runs the second process.
 std::string Output(const std::string& before, const std::string& task)
 {

@@ -127,7 +127,8 @@ int PrintBox(const Box& box)
 {
     const std::string line = std::string(box.caption) + ": " + (box.text ? box.text : "") + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
-    return BoxButtons(box.style).Default();
+    const BoxButtons buttons(box.style);
+    return buttons.Default() == IDHELP ? buttons.Ids().front() : buttons.Default(); // help is no answer
 }
 
 int ShowOrPrint(HWND owner, LPCSTR text, LPCSTR caption, UINT style)
