@@ -7,6 +7,8 @@
 #include "Paths.h"
 #include "ReportWriter.h"
 
+#include <afxwin.h>
+
 #include <cstdio>
 
 namespace {
@@ -54,10 +56,22 @@ int Run(const Options& options)
     return Report(view, options);
 }
 
+// Says on the console what the library would say in a box, which nobody may be there to close.
+class CReportApp : public CWinApp
+{
+public:
+    int DoMessageBox(LPCSTR text, UINT, UINT) override
+    {
+        PrintProblem(text);
+        return IDOK;
+    }
+};
+
 } // namespace
 
 int RunModelReport(int argc, char** argv)
 {
+    const CReportApp app;
     Options options;
     CString problem;
     if (!ParseCommandLine(argc, argv, options, problem)) {

@@ -189,6 +189,12 @@ class Folders(InScratch):
         self.assertEqual(run.value("report"), self.path("v1_bak.xls"))
         self.assertEqual(self.files(), ["v1_bak.xls"])
 
+    def test_no_box_waits_on_a_desktop(self):
+        os.makedirs(self.path("out", "chip.xlsx", "in the way"))
+        run = self.run_deck("chip.inp", "-o", "out", env={"QT_QPA_PLATFORM": "offscreen"})
+        self.assertEqual(run.code, 0)
+        self.assertIn("out\\chip_bak.xls\n", run.errors)
+
     def test_no_try_succeeds(self):
         for name in ("chip.xlsx", "chip_bak.xls"):
             os.makedirs(self.path("out", name, "in the way"))
