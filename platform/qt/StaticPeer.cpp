@@ -5,6 +5,7 @@
 #include "Texts.h"
 
 #include <QtGui/QMouseEvent>
+#include <QtGui/QTextOption>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStylePainter>
 #include <QtWidgets/qdrawutil.h>
@@ -116,7 +117,21 @@ private:
                                  ? Elided(m_peer.m_text, style, fontMetrics(), inside.width())
                                  : m_peer.m_text;
         painter.setClipRect(inside);
+        if (style & SS_EDITCONTROL)
+            return DrawAsEdit(painter, inside);
         painter.drawItemText(inside, TextFlags(style), palette(), isEnabled(), text, QPalette::WindowText);
+    }
+
+    // Breaks words that are wider than the line, as an edit does.
+    void DrawAsEdit(QStylePainter& painter, const QRect& inside)
+    {
+        constexpr int kTab = 8; // average characters
+        QTextOption option(Qt::AlignLeft | Qt::AlignTop);
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        option.setTabStopDistance(kTab * fontMetrics().averageCharWidth());
+        painter.setPen(
+            palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+        painter.drawText(QRectF(inside), m_peer.m_text, option);
     }
 
     void DrawIcon(QStylePainter& painter, const QRect& inside)

@@ -167,3 +167,51 @@ TEST(Boxes, OneMayComeUpInAnother)
     answers.push_back(MessageBoxA(nullptr, "outer", "outer", MB_YESNO));
     EXPECT_THAT(answers, testing::ElementsAre(IDNO, IDYES));
 }
+
+TEST(Boxes, TheOuterMayBeAnsweredFirst)
+{
+    HWND first = nullptr;
+    int inner = 0;
+    const Answerer outer([&](HWND box) {
+        first = box;
+        const Answerer answerer([&](HWND second) {
+            EndDialog(first, IDYES);
+            EXPECT_FALSE(IsWindowVisible(first));
+            EndDialog(second, IDNO);
+        });
+        inner = MessageBoxA(nullptr, "inner", "inner", MB_YESNO);
+    });
+    EXPECT_EQ(IDYES, MessageBoxA(nullptr, "outer", "outer", MB_YESNO));
+    EXPECT_EQ(IDNO, inner);
+    EXPECT_FALSE(IsWindow(first));
+}
+
+TEST(Boxes, TheFirstAnswerCounts)
+{
+    HWND answered = nullptr;
+    const Answerer answerer([&](HWND box) {
+        answered = box;
+        PressButton(box, IDNO);
+        PressButton(box, IDYES);
+        SetTimer(box, 1, USER_TIMER_MINIMUM, nullptr);
+    });
+    EXPECT_EQ(IDNO, MessageBoxA(nullptr, "text", "caption", MB_YESNOCANCEL));
+    EXPECT_FALSE(PostMessageA(answered, WM_COMMAND, IDYES, 0));
+    EXPECT_EQ(static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE), GetLastError());
+    MSG message = {};
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+        EXPECT_NE(answered, message.hwnd) << message.message;
+}
+
+TEST(Boxes, GoWithTheirOwner)
+{
+    const HWND owner = CreateWindowExA(0, "Static", "owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 200,
+                                       100, nullptr, nullptr, nullptr, nullptr);
+    HWND gone = nullptr;
+    const Answerer answerer([&](HWND box) {
+        gone = box;
+        DestroyWindow(owner);
+    });
+    EXPECT_EQ(0, MessageBoxA(owner, "text", "caption", MB_YESNO));
+    EXPECT_FALSE(IsWindow(gone));
+}

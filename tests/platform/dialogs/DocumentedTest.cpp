@@ -1,5 +1,6 @@
 // What the home platform documents and its stand-in in the tests does otherwise.
 #include "BoxAnswerer.h"
+#include "BoxLook.h"
 #include "TemplateText.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +78,33 @@ TEST(DocumentedBoxes, ADefaultBeyondTheLastButtonIsTheFirst)
         });
         EXPECT_EQ(IDOK, MessageBoxA(nullptr, "text", "caption", row.style));
     }
+}
+
+TEST(DocumentedBoxes, FitOnTheScreen)
+{
+    const struct {
+        const char* label;
+        std::string text;
+        std::string caption;
+    } kRows[] = {{"many lines", Repeated("line\n", 3000), "caption"},
+                 {"many empty lines", std::string(70000, '\n'), "caption"},
+                 {"many words", Repeated("some words ", 20000), "caption"},
+                 {"a long word", std::string(3000, 'm'), "caption"},
+                 {"a very long word", std::string(1000000, 'm'), "caption"},
+                 {"many tabs", std::string(2000, '\t') + "x", "caption"},
+                 {"a long caption", "text", std::string(3000, 'm')}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.label);
+        ExpectAllIsSeen(LookOf(row.text, row.caption));
+    }
+}
+
+TEST(DocumentedBoxes, BreakLongWords)
+{
+    const BoxLook line = LookOf("m");
+    const BoxLook look = LookOf(std::string(1000, 'm'));
+    EXPECT_GE(Height(look.label), 3 * Height(line.label));
+    EXPECT_LT(Width(look.label), 100 * Width(line.label));
 }
 
 TEST(DocumentedDialogs, AnOwnerThatIsNoneAnswersZero)

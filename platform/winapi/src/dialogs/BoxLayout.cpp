@@ -20,6 +20,7 @@ constexpr int kUsualTextWidth = 278;
 constexpr int kCaptionPadding = 40; // for the close box
 constexpr short kPointSize = 9;
 
+constexpr DWORD kWindow = WS_POPUP | WS_CAPTION;
 constexpr WORD kButtonClass = 0x80;
 constexpr WORD kStaticClass = 0x82;
 
@@ -42,7 +43,18 @@ struct Measures {
     Measures(const Measures&) = delete;
     Measures& operator=(const Measures&) = delete;
 
+    // A tab goes on to the next multiple of eight average characters.
     int Width(std::u16string_view text) const
+    {
+        const int stop = 8 * base.cx;
+        int width = 0;
+        for (size_t tab = text.find(u'\t'); tab != text.npos; tab = text.find(u'\t')) {
+            width = ((width + PlainWidth(text.substr(0, tab))) / stop + 1) * stop;
+            text.remove_prefix(tab + 1);
+        }
+        return width + PlainWidth(text);
+    }
+    int PlainWidth(std::u16string_view text) const
     {
         const std::string ansi = AnsiText(text);
         SIZE size = {};
@@ -58,23 +70,47 @@ struct Extent {
     int height = 0;
 };
 
-// As wide as the longest line up to the usual width; wider only for a word that needs it, and never wider
-// than most of the screen.
-Extent TextExtent(const std::u16string& text, const Measures& measures)
+// The lines of text that the screen has room for, with all that stands above and below it.
+int LinesOnScreen(const Measures& measures)
+{
+    constexpr int kOther = 2 * kMargin + kTextToButtons + kButtonHeight;
+    RECT area = {};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+    RECT frame = {};
+    AdjustWindowRectEx(&frame, kWindow, FALSE, WS_EX_DLGMODALFRAME);
+    const int room = area.bottom - area.top - (frame.bottom - frame.top) - DownUnits(kOther, measures.base);
+    return std::max<int>(room / measures.base.cy, 1);
+}
+
+// The width of the text: that of the longest line up to the usual width; wider only for a word that needs it,
+// or where the screen is too low, but never wider than most of the screen.
+int TextWidth(const std::u16string& text, int mostLines, const Measures& measures)
 {
     const MeasureText measure = [&](std::u16string_view part) { return measures.Width(part); };
     const int usual = AcrossUnits(kUsualTextWidth, measures.base);
     const int widest = std::max(usual, GetSystemMetrics(SM_CXSCREEN) * 3 / 4);
-    const int word = std::min(WidestWord(text, measure), widest);
-    const int width = std::max(usual, word);
-    const int lines = CountLines(text, width, measure);
-    const int paragraphs = static_cast<int>(std::count(text.begin(), text.end(), u'\n')) + 1;
+    const int word = WidestWord(text, widest, measure);
+    const int lines = CountLines(text, std::max(usual, word), mostLines + 1, measure);
+    if (lines > mostLines)
+        return widest;
     // Unless a line was broken the box need not be as wide as it may be.
-    int used = width;
-    if (lines == paragraphs)
-        for (used = word; used < width && CountLines(text, used, measure) > lines;)
-            used += measures.base.cx;
-    return {measures.UnitsAcross(std::min(used, width)) + 2, measures.UnitsDown(lines * measures.base.cy)};
+    const int width = std::max(usual, word);
+    if (lines != std::count(text.begin(), text.end(), u'\n') + 1)
+        return width;
+    int used = word;
+    while (used < width && CountLines(text, used, lines + 1, measure) > lines)
+        used += measures.base.cx;
+    return std::min(used, width);
+}
+
+// What the screen has no room for is cut off at its end.
+Extent TextExtent(const std::u16string& text, const Measures& measures)
+{
+    const MeasureText measure = [&](std::u16string_view part) { return measures.Width(part); };
+    const int mostLines = LinesOnScreen(measures);
+    const int width = TextWidth(text, mostLines, measures);
+    const int lines = CountLines(text, width, mostLines, measure);
+    return {measures.UnitsAcross(width) + 2, measures.UnitsDown(lines * measures.base.cy)};
 }
 
 TemplateItem Item(WORD kind, DWORD style, DWORD id, int x, int y, const Extent& size, std::u16string text)
@@ -93,7 +129,7 @@ TemplateItem Item(WORD kind, DWORD style, DWORD id, int x, int y, const Extent& 
 
 DWORD BoxStyle(const BoxButtons& buttons, UINT style)
 {
-    DWORD window = WS_POPUP | WS_CAPTION | DS_SETFONT | DS_MODALFRAME | DS_NOIDLEMSG | DS_CENTER;
+    DWORD window = kWindow | DS_SETFONT | DS_MODALFRAME | DS_NOIDLEMSG | DS_CENTER;
     // A question that must be answered has no close box.
     window |= buttons.Cancel() ? WS_SYSMENU : 0;
     return window | ((style & MB_SETFOREGROUND) ? DS_SETFOREGROUND : 0);
@@ -151,7 +187,7 @@ Template BoxTemplate(const std::u16string& text, const std::u16string& caption, 
 
     if (hasIcon)
         box.items.push_back(Item(kStaticClass, SS_ICON, kBoxIconId, kMargin, kMargin, icon, u""));
-    box.items.push_back(Item(kStaticClass, SS_LEFT | SS_NOPREFIX, kBoxTextId, labelX,
+    box.items.push_back(Item(kStaticClass, SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL, kBoxTextId, labelX,
                              kMargin + (bodyHeight - label.height) / 2, label, text));
     AddButtons(box, buttons, button, language, (width - buttonRow) / 2, buttonY);
     return box;

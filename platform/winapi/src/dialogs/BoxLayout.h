@@ -14,9 +14,9 @@ constexpr int kBoxTextId = 0xffff;
 // as they need.
 Template BoxTemplate(const std::u16string& text, const std::u16string& caption, UINT style);
 
-// The lines that `text` takes when words are kept whole and no other line is wider than `width`. `measure`
-// answers the width of a part of it.
+// The lines that `text` takes when none is wider than `width`, counted up to `most`: words are kept whole
+// unless they are wider. `measure` answers the width of a part of it.
 using MeasureText = std::function<int(std::u16string_view)>;
-int CountLines(std::u16string_view text, int width, const MeasureText& measure);
-// The widest of its words, between which lines may be broken.
-int WidestWord(std::u16string_view text, const MeasureText& measure);
+int CountLines(std::u16string_view text, int width, int most, const MeasureText& measure);
+// The width of the widest of its words, between which lines may be broken; `most` if one is wider.
+int WidestWord(std::u16string_view text, int most, const MeasureText& measure);
