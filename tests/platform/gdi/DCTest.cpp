@@ -67,6 +67,17 @@ TEST(DC, OfAHandleIsTheSameUntilTemporaryOnesGo)
     EXPECT_EQ(GetMapMode(handle), MM_TEXT);
 }
 
+TEST(DC, TemporaryOnesGoWithTheirThread)
+{
+    const MemoryContext handle;
+    for (int i = 0; i < 20; ++i)
+        std::thread([&handle] {
+            EXPECT_NE(CDC::FromHandle(handle)->GetCurrentFont(), nullptr);
+            EXPECT_NE(CWnd::FromHandle(HWND_MESSAGE), nullptr);
+        }).join();
+    EXPECT_EQ(GetMapMode(handle), MM_TEXT);
+}
+
 TEST(DC, FontsComeBackAsTheirOwnObjects)
 {
     MemoryDC dc;

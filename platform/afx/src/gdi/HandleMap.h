@@ -1,6 +1,8 @@
 // Which objects of a thread stand for which handles.
 #pragma once
 
+#include "../PerThread.h"
+
 #include <memory>
 #include <unordered_map>
 
@@ -10,13 +12,13 @@ template <class Object, class Made, auto setHandle>
 class HandleMap
 {
 public:
-    // The thread's map; null when the thread has given it up at its end, which static objects outlive.
-    static HandleMap* Current()
-    {
-        if (!t_current && !t_ended)
-            thread_local Owner owner;
-        return t_current;
-    }
+    HandleMap() = default;
+    ~HandleMap() { DeleteTemporary(); }
+    HandleMap(const HandleMap&) = delete;
+    HandleMap& operator=(const HandleMap&) = delete;
+
+    // The thread's map; null at the thread's end.
+    static HandleMap* Current() { return PerThread<HandleMap>::Current(); }
 
     // The object that owns the handle if it is of the right class, else a temporary one.
     template <class Key>
@@ -51,32 +53,12 @@ public:
     }
 
 private:
-    struct Owner;
-
     Object* FindPermanent(void* key) const
     {
         const auto found = m_permanent.find(key);
         return found == m_permanent.end() ? nullptr : found->second;
     }
 
-    static inline thread_local HandleMap* t_current = nullptr;
-    static inline thread_local bool t_ended = false;
-
     std::unordered_map<void*, Object*> m_permanent;
     std::unordered_map<void*, std::unique_ptr<Made>> m_temporary;
-};
-
-template <class Object, class Made, auto setHandle>
-struct HandleMap<Object, Made, setHandle>::Owner {
-    Owner() { t_current = &map; }
-    ~Owner()
-    {
-        map.DeleteTemporary();
-        t_ended = true;
-        t_current = nullptr;
-    }
-    Owner(const Owner&) = delete;
-    Owner& operator=(const Owner&) = delete;
-
-    HandleMap map;
 };

@@ -1,31 +1,10 @@
 #include "WndState.h"
 
-namespace {
-
-// Objects may outlive their thread's state: static ones are destroyed after the main thread's.
-thread_local WndState* t_state = nullptr;
-thread_local bool t_ended = false;
-
-struct Owner {
-    Owner() { t_state = &state; }
-    ~Owner()
-    {
-        t_ended = true;
-        t_state = nullptr;
-    }
-    Owner(const Owner&) = delete;
-    Owner& operator=(const Owner&) = delete;
-
-    WndState state;
-};
-
-} // namespace
+#include "../PerThread.h"
 
 WndState* AfxWndState()
 {
-    if (!t_state && !t_ended)
-        thread_local Owner owner;
-    return t_state;
+    return PerThread<WndState>::Current();
 }
 
 WndState::~WndState()
