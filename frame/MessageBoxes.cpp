@@ -51,7 +51,8 @@ private:
 unsigned int ShowTimedMessageBox(HWND hWnd, const char* lpszCaption, unsigned int nType, DWORD dwTimeout,
                                  const CString& strText)
 {
-    const HWND main = AfxGetMainWnd()->GetSafeHwnd(); // null without a thread object or a window
+    const CWnd* window = AfxGetMainWnd(); // null without a thread object or a main window
+    const HWND main = window ? window->m_hWnd : nullptr;
     if (!::IsWindowVisible(main))
         return 0;
     const DialogCloser closer(dwTimeout);

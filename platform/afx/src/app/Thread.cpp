@@ -4,8 +4,6 @@
 
 #include <process.h>
 
-#include <cxxabi.h>
-
 #include <exception>
 #include <memory>
 #include <new>
@@ -76,9 +74,9 @@ UINT RunGuarded(CWinThread* thread)
         e->ReportError(MB_ICONSTOP);
     } catch (const std::exception& e) {
         TellUser(e.what());
-    } catch (const abi::__forced_unwind&) {
-        throw; // the thread ends itself
     } catch (...) {
+        if (!std::current_exception())
+            throw; // no exception of C++: the thread ends itself
         TellUser(nullptr);
     }
     return kFailed;

@@ -2,8 +2,6 @@
 
 #include <afxapp_.h>
 
-#include <cxxabi.h>
-
 #include <exception>
 #include <new>
 
@@ -47,13 +45,13 @@ LRESULT AfxReportCaught(const MSG& message)
         throw;
     } catch (CException* exception) {
         return Handle(exception, message);
-    } catch (const abi::__forced_unwind&) {
-        throw; // the thread is ending
     } catch (const std::bad_alloc&) {
         return Report("Out of memory.", message);
     } catch (const std::exception& exception) {
         return Report(exception.what(), message);
     } catch (...) {
+        if (!std::current_exception())
+            throw; // no exception of C++: the thread is ending
         return Report("An unknown error occurred.", message);
     }
 }
