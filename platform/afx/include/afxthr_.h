@@ -14,7 +14,8 @@
 #include "afxwnd_.h"
 
 #include <memory>
-#include <semaphore>
+
+class AfxThreadReady;
 
 using AFX_THREADPROC = UINT(AFX_CDECL*)(LPVOID);
 
@@ -82,7 +83,7 @@ protected:
 
 private:
     MSG m_lastMove = {};
-    std::shared_ptr<std::binary_semaphore> m_ready; // until the thread has been resumed
+    std::shared_ptr<AfxThreadReady> m_ready; // until the thread has been resumed
 };
 
 // Starts a worker. Null when it cannot be made.

@@ -7,7 +7,6 @@
 #include <exception>
 #include <memory>
 #include <new>
-#include <semaphore>
 #include <utility>
 
 // clang-format off
@@ -20,11 +19,36 @@ constexpr UINT kFailed = static_cast<UINT>(-1);
 
 thread_local constinit CWinThread* t_thread = nullptr;
 
+} // namespace
+
+// Set when a new thread can be posted to.
+class AfxThreadReady
+{
+public:
+    AfxThreadReady() : m_event(::CreateEventA(nullptr, TRUE, FALSE, nullptr)) {}
+    ~AfxThreadReady()
+    {
+        if (m_event)
+            ::CloseHandle(m_event);
+    }
+    AfxThreadReady(const AfxThreadReady&) = delete;
+    AfxThreadReady& operator=(const AfxThreadReady&) = delete;
+
+    bool IsMade() const { return m_event != nullptr; }
+    void Set() { ::SetEvent(m_event); }
+    void Await() { ::WaitForSingleObject(m_event, INFINITE); }
+
+private:
+    HANDLE m_event;
+};
+
+namespace {
+
 // What a new thread is told.
 struct Start {
     CWinThread* thread;
     HWND mainWindow; // the application's
-    std::shared_ptr<std::binary_semaphore> ready;
+    std::shared_ptr<AfxThreadReady> ready;
 };
 
 // Has the system make the thread's message queue, so that nothing posted from now on is lost.
@@ -98,7 +122,7 @@ unsigned __stdcall ThreadEntry(void* argument)
     const Start start = *std::unique_ptr<Start>(static_cast<Start*>(argument));
     AfxSetCurrentThread(start.thread);
     MakeQueue();
-    start.ready->release();
+    start.ready->Set();
     const UINT code = RunWithMainWindow(start);
     start.thread->Delete();
     AfxSetCurrentThread(nullptr);
@@ -152,8 +176,10 @@ CWinThread::~CWinThread()
 
 BOOL CWinThread::CreateThread(DWORD flags, UINT stack, LPSECURITY_ATTRIBUTES security)
 {
-    auto ready = std::make_shared<std::binary_semaphore>(0);
+    auto ready = std::make_shared<AfxThreadReady>();
     auto start = std::make_unique<Start>(this, ApplicationWindow(), ready);
+    if (!ready->IsMade())
+        return FALSE;
     unsigned id = 0;
     const auto handle =
         ::_beginthreadex(security, stack, ThreadEntry, start.get(), flags | CREATE_SUSPENDED, &id);
@@ -194,7 +220,7 @@ DWORD CWinThread::ResumeThread()
     const auto ready = std::exchange(m_ready, nullptr);
     const DWORD before = ::ResumeThread(m_hThread); // the object may be gone from now on
     if (ready && before != static_cast<DWORD>(-1))
-        ready->acquire();
+        ready->Await();
     return before;
 }
 
