@@ -1,6 +1,14 @@
 # Helpers that every folder of the project uses: compiler flags, the library's
 # sources, modules beside it, programs.
 
+# Programs and modules find the library beside themselves or where it is installed, also in the build tree. A
+# path that is written anew when they are installed would be filled up with an empty element until then, which
+# the loader takes for the current folder.
+if(NOT WIN32)
+  set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+  set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
+endif()
+
 # Developer flags. An interface target that is never exported: hosts do not
 # inherit our warnings.
 add_library(zek_developer_flags INTERFACE)
@@ -70,8 +78,7 @@ function(zek_module name)
   add_library(${name} MODULE ${ARGN})
   target_link_libraries(${name} PRIVATE ZEK_lib zek_developer_flags)
   set_target_properties(${name} PROPERTIES
-    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin
-    INSTALL_RPATH $ORIGIN)
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endfunction()
 
@@ -80,6 +87,5 @@ function(zek_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE ZEK::lib zek_developer_flags)
   set_target_properties(${name} PROPERTIES
-    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin
-    INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 endfunction()
