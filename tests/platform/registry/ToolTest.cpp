@@ -74,8 +74,8 @@ TEST_F(ZekReg, ExitCodesTellWhatWentWrong)
                 {"delete -r HKCU", 2},
                 {"list 'HKCU\\missing'", 1},
                 {"export 'HKCU\\missing'", 1},
-                {"export -o /nonexistent/file HKCU", 3},
-                {"import /nonexistent/file", 3},
+                {"export -o /dev/null/file HKCU", 3},
+                {"import /dev/null/file", 3},
                 {"import", 2}};
     for (const auto& row : rows) {
         const ProgramResult result = Run(row.arguments);
