@@ -84,6 +84,6 @@ void CMSExcel::ErrorinExcel(int number, CString detail)
 {
     CString text;
     text.Format(CString(CMsgDll::pfuncLoadStr("IDS_ZEK_ERROR_IN_EXCEL_AUTOMATION", 0)), number);
-    // No window of the thread can own the box before the framework has windows.
-    MessageBoxA(nullptr, text + detail, ProductName(), MB_OK);
+    const CWnd* owner = AfxGetMainWnd();
+    MessageBoxA(owner ? owner->GetSafeHwnd() : nullptr, text + detail, ProductName(), MB_OK);
 }
