@@ -3,10 +3,13 @@
 
 #include <afx.h>
 
+#include "ArrayUtil.h"
+#include "AutoIDMaker.h"
 #include "CompFunc.h"
 #include "ErrorState.h"
 #include "FileCtrl.h"
 #include "GlobalFunc.h"
+#include "KeyClass.h"
 #include "LocaleLib.h"
 #include "MSExcel.h"
 #include "MathFunc.h"
