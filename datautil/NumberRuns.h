@@ -3,6 +3,7 @@
 
 #include "NumericOptimizer.h"
 
+#include <span>
 #include <vector>
 
 // What a list of numbers was taken apart into; both parts ascend.
@@ -12,5 +13,7 @@ struct NumberRuns {
 };
 
 // Takes the longest runs of neighbours, then of numbers with others between them, and writes runs of equal
-// shape across where that makes fewer of them.
-NumberRuns FindRuns(const LONG* values, LONG count);
+// shape across where that makes fewer of them. Number is LONG or UINT, whose values beyond 31 bits count as
+// negative.
+template <class Number>
+NumberRuns FindRuns(std::span<const Number> numbers);

@@ -2,22 +2,25 @@
 
 #include "CompFunc.h"
 #include "NumberRuns.h"
+#include "RadixSort.h"
+#include "RunText.h"
 #include "Selection.h"
 
 #include <algorithm>
 #include <cstring>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 namespace {
 
-std::vector<LONG> Numbers(const CArray<UINT, UINT>& a)
+std::span<const UINT> NumbersOf(const CArray<UINT, UINT>& a)
 {
-    std::vector<LONG> numbers(static_cast<std::size_t>(a.GetSize()));
-    std::transform(a.GetData(), a.GetData() + a.GetSize(), numbers.begin(),
-                   [](UINT value) { return static_cast<LONG>(value); });
-    return numbers;
+    return {a.GetData(), static_cast<std::size_t>(a.GetSize())};
+}
+
+std::span<const LONG> NumbersOf(const LONG* values, LONG n)
+{
+    return {values, n > 0 ? static_cast<std::size_t>(n) : 0};
 }
 
 void Assign(CArray<UINT, UINT>& a, const std::vector<LONG>& numbers)
@@ -27,91 +30,28 @@ void Assign(CArray<UINT, UINT>& a, const std::vector<LONG>& numbers)
                    [](LONG value) { return static_cast<UINT>(value); });
 }
 
+// As signed numbers: with the sign turned round they have the order of unsigned ones.
 void SortArray(CArray<UINT, UINT>& a)
 {
-    std::vector<LONG> numbers = Numbers(a);
-    std::sort(numbers.begin(), numbers.end());
-    Assign(a, numbers);
+    constexpr UINT kSign = 0x80000000;
+    const auto turned = [](UINT number) { return number ^ kSign; };
+    std::vector<UINT> numbers(static_cast<std::size_t>(a.GetSize()));
+    std::transform(a.GetData(), a.GetData() + a.GetSize(), numbers.begin(), turned);
+    RadixSort(numbers);
+    std::transform(numbers.begin(), numbers.end(), a.GetData(), turned);
 }
 
-void SortAndRemoveRepeats(std::vector<LONG>& numbers)
+// False for a syntax error. An empty base selects nothing before the text is read.
+bool ReadFor(std::size_t baseSize, const char* text, std::vector<SelectionItem>& items)
 {
-    std::sort(numbers.begin(), numbers.end());
-    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-}
-
-void RemoveLaterRepeats(std::vector<LONG>& numbers)
-{
-    std::unordered_set<LONG> seen;
-    const auto repeated = [&seen](LONG number) { return !seen.insert(number).second; };
-    numbers.erase(std::remove_if(numbers.begin(), numbers.end(), repeated), numbers.end());
-}
-
-// False for a syntax error; the selection is then empty.
-bool SelectFrom(const LONG* base, LONG n, const char* text, std::vector<LONG>& selection)
-{
-    std::string normal;
-    if (n <= 0)
-        return true;
-    if (!Normalise(text, normal))
-        return false;
-    Select(base, n, normal, selection);
-    return true;
-}
-
-bool SelectFrom(const CArray<UINT, UINT>& base, const char* text, std::vector<LONG>& selection)
-{
-    const std::vector<LONG> numbers = Numbers(base);
-    return SelectFrom(numbers.data(), static_cast<LONG>(numbers.size()), text, selection);
-}
-
-std::string ItemText(LONG single)
-{
-    return std::to_string(single);
-}
-
-std::string ItemText(const STB_OPT_NODE& run)
-{
-    std::string text = ItemText(run.start) + "to" + ItemText(run.end);
-    if (run.step > 1)
-        text += "by" + ItemText(run.step);
-    return text;
-}
-
-template <class Item>
-void AppendItem(CString& text, const Item& item)
-{
-    if (!text.IsEmpty())
-        text += ' ';
-    const std::string added = ItemText(item);
-    text.Append(added.data(), static_cast<int>(added.size()));
-}
-
-CString MakeOptimizedStr(const NumberRuns& parts)
-{
-    CString text;
-    auto run = parts.runs.begin();
-    auto single = parts.singles.begin();
-    while (run != parts.runs.end() && single != parts.singles.end()) {
-        if (run->start < *single)
-            AppendItem(text, *run++);
-        else if (*single < run->start)
-            AppendItem(text, *single++);
-        else
-            // Repeats left a number that also starts a run, which has no place in the order: the text would
-            // grow without end. This is how that ends.
-            AfxThrowMemoryException();
-    }
-    std::for_each(run, parts.runs.end(), [&text](const STB_OPT_NODE& each) { AppendItem(text, each); });
-    std::for_each(single, parts.singles.end(), [&text](LONG each) { AppendItem(text, each); });
-    return text;
+    return baseSize == 0 || ReadItems(text, items);
 }
 
 } // namespace
 
 CString CNumericOptimizer::Optimize(LONG* values, LONG n)
 {
-    return n < 1 ? CString() : MakeOptimizedStr(FindRuns(values, n));
+    return n < 1 ? CString() : MakeText(FindRuns(NumbersOf(values, n)));
 }
 
 CString CNumericOptimizer::Optimize(CArray<UINT, UINT>& a)
@@ -121,8 +61,7 @@ CString CNumericOptimizer::Optimize(CArray<UINT, UINT>& a)
 
 CString CNumericOptimizer::OptimizeSortedArray(CArray<UINT, UINT>& a)
 {
-    std::vector<LONG> numbers = Numbers(a);
-    return Optimize(numbers.data(), static_cast<LONG>(numbers.size()));
+    return MakeText(FindRuns(NumbersOf(a)));
 }
 
 CString CNumericOptimizer::OptimizeUnsortedArray(CArray<UINT, UINT>& a)
@@ -134,8 +73,7 @@ CString CNumericOptimizer::OptimizeUnsortedArray(CArray<UINT, UINT>& a)
 int CNumericOptimizer::OptimizeSortedArray(CArray<UINT, UINT>& a, CArray<STB_OPT_NODE, STB_OPT_NODE&>& nodes)
 {
     nodes.RemoveAll();
-    const std::vector<LONG> numbers = Numbers(a);
-    NumberRuns parts = FindRuns(numbers.data(), static_cast<LONG>(numbers.size()));
+    NumberRuns parts = FindRuns(NumbersOf(a));
     for (const LONG single : parts.singles)
         parts.runs.push_back({single, single, 1});
     nodes.SetSize(static_cast<int>(parts.runs.size()));
@@ -152,9 +90,13 @@ int CNumericOptimizer::OptimizeUnsortedArray(CArray<UINT, UINT>& a,
 
 int CNumericOptimizer::SelectNumByStrBase(LONG* base, LONG n, const char* s, CArray<LONG, LONG>& out)
 {
-    std::vector<LONG> selection;
-    if (!SelectFrom(base, n, s, selection))
+    const std::span<const LONG> numbers = NumbersOf(base, n);
+    std::vector<SelectionItem> items;
+    if (!ReadFor(numbers.size(), s, items))
         return 0;
+    if (items.empty())
+        return 1;
+    const std::vector<LONG> selection = SelectInOrder(numbers, items, false);
     const int before = out.GetSize();
     out.SetSize(before + static_cast<int>(selection.size()));
     std::copy(selection.begin(), selection.end(), out.GetData() + before);
@@ -163,11 +105,14 @@ int CNumericOptimizer::SelectNumByStrBase(LONG* base, LONG n, const char* s, CAr
 
 int CNumericOptimizer::SelectNumByStr(LONG* base, LONG n, const char* s, LONG* out, LONG& count)
 {
-    std::vector<LONG> selection;
+    const std::span<const LONG> numbers = NumbersOf(base, n);
+    std::vector<SelectionItem> items;
     count = 0;
-    if (!SelectFrom(base, n, s, selection))
+    if (!ReadFor(numbers.size(), s, items))
         return 0;
-    SortAndRemoveRepeats(selection);
+    if (items.empty())
+        return 1;
+    const std::vector<LONG> selection = SelectSorted(numbers, items);
     std::copy(selection.begin(), selection.end(), out);
     count = static_cast<LONG>(selection.size());
     return 1;
@@ -175,21 +120,19 @@ int CNumericOptimizer::SelectNumByStr(LONG* base, LONG n, const char* s, LONG* o
 
 int CNumericOptimizer::SelectNumByStr(CArray<UINT, UINT>& base, const char* s, CArray<UINT, UINT>& out)
 {
-    std::vector<LONG> selection;
-    const bool accepted = SelectFrom(base, s, selection);
-    SortAndRemoveRepeats(selection);
-    Assign(out, selection);
+    std::vector<SelectionItem> items;
+    const bool accepted = ReadFor(NumbersOf(base).size(), s, items);
+    Assign(out, accepted && !items.empty() ? SelectSorted(NumbersOf(base), items) : std::vector<LONG>());
     return accepted;
 }
 
 int CNumericOptimizer::SelectNumByStrKeepSeq(CArray<UINT, UINT>& base, const char* s, CArray<UINT, UINT>& out,
                                              int bUnique)
 {
-    std::vector<LONG> selection;
-    const bool accepted = SelectFrom(base, s, selection);
-    if (bUnique != 0)
-        RemoveLaterRepeats(selection);
-    Assign(out, selection);
+    std::vector<SelectionItem> items;
+    const bool accepted = ReadFor(NumbersOf(base).size(), s, items);
+    Assign(out, accepted && !items.empty() ? SelectInOrder(NumbersOf(base), items, bUnique != 0)
+                                           : std::vector<LONG>());
     return accepted;
 }
 

@@ -1,108 +1,252 @@
-// What a selection string in normal form selects from a base.
 #include "Selection.h"
 
+#include "NumberBits.h"
+
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
+#include <optional>
+#include <unordered_set>
 
 namespace {
 
-// A look-up costs about as much as passing over this many numbers.
-constexpr std::int64_t kLookUpCost = 16;
+// A search in the base costs about as much as passing over this many of its numbers.
+constexpr std::int64_t kSearchCost = 16;
+// Up to this many terms are looked for one by one in any case.
+constexpr std::int64_t kFewTerms = 32;
+// A base that spans up to this many numbers for each of its own may be kept as bits.
+constexpr std::int64_t kWidestForBits = 64;
 
-// Terms are 64 bits wide: no range ends by wrapping.
-struct Range {
-    std::int64_t from, to, step;
+// The terms of an item that a base may hold, from `low` to `high`; none when low is above high.
+struct Terms {
+    std::int64_t low, high, step;
+
+    std::int64_t Count() const { return low > high ? 0 : (high - low) / step + 1; }
 };
 
-// Reads "a", "atb" or "atbbc" and the blank behind it.
-Range ReadItem(const char*& text)
+std::int64_t Remainder(std::int64_t number, std::int64_t divisor)
 {
-    const auto number = [&text] {
-        char* end = nullptr;
-        const std::int64_t value = std::strtoll(text, &end, 10);
-        text = end;
-        return value;
-    };
-    Range range = {number(), 0, 1};
-    range.to = range.from;
-    if (*text == 't') {
-        range.to = (++text, number());
-        if (*text == 'b')
-            range.step = (++text, number());
-    }
-    text += *text == ' ';
-    return range;
+    const std::int64_t remainder = number % divisor;
+    return remainder < 0 ? remainder + divisor : remainder;
 }
 
-// Selects from an ascending base.
-class Selector
+// An ascending list of numbers that is searched.
+template <class Number>
+class Base
 {
 public:
-    Selector(const LONG* base, LONG n, std::vector<LONG>& selection)
-        : m_first(base), m_last(base + n), m_selection(selection)
+    explicit Base(std::span<const Number> numbers) : m_numbers(numbers) {}
+
+    std::size_t Count() const { return m_numbers.size(); }
+    LONG At(std::size_t place) const { return static_cast<LONG>(m_numbers[place]); }
+    LONG First() const { return At(0); }
+    LONG Last() const { return At(Count() - 1); }
+    bool RepeatsAt(std::size_t place) const { return place > 0 && At(place) == At(place - 1); }
+
+    Terms TermsOf(const SelectionItem& item) const
     {
+        if (item.step == 0)
+            return {1, 0, 1};
+        const std::int64_t step = std::abs(item.step);
+        const std::int64_t low = std::max<std::int64_t>(std::min(item.from, item.to), First());
+        const std::int64_t high = std::min<std::int64_t>(std::max(item.from, item.to), Last());
+        const bool runsAway = item.step > 0 ? item.from > item.to : item.from < item.to;
+        if (low > high || runsAway)
+            return {1, 0, 1};
+        return {low + Remainder(item.from - low, step), high - Remainder(high - item.from, step), step};
     }
 
-    void Add(const Range& range)
+    std::int64_t CountTerms(const std::vector<SelectionItem>& items) const
     {
-        const std::size_t before = m_selection.size();
-        if (range.step > 0) {
-            AddTerms(range.from, range.to, range.from, range.step);
-        } else if (range.step < 0) {
-            AddTerms(range.to, range.from, range.from, -range.step);
-            std::reverse(m_selection.begin() + static_cast<std::ptrdiff_t>(before), m_selection.end());
+        std::int64_t count = 0;
+        for (const SelectionItem& item : items)
+            count += TermsOf(item).Count();
+        return count;
+    }
+
+    // Whether so many searches cost more than to read all of the base into bits, and it can be read so.
+    bool IsWorthBits(std::int64_t searches) const
+    {
+        const auto count = static_cast<std::int64_t>(Count());
+        return searches * kSearchCost > count && std::int64_t{Last()} - First() < kWidestForBits * count &&
+               std::is_sorted(m_numbers.begin(), m_numbers.end(), IsLess);
+    }
+
+    // All of it, where IsWorthBits says so.
+    NumberBits Bits() const
+    {
+        NumberBits bits(First(), Last());
+        for (std::size_t i = 0; i < Count(); ++i)
+            bits.Add(At(i));
+        return bits;
+    }
+
+    // Tells `take` of the terms that are there, ascending. `bits`, which may be null, are those of Bits().
+    template <class Take>
+    void Find(const Terms& terms, const NumberBits* bits, Take take) const
+    {
+        if (terms.Count() <= (bits ? kFewTerms : 1)) {
+            FindEach(terms, bits, take);
+            return;
         }
+        const auto [first, last] = Between(terms.low, terms.high);
+        if (terms.Count() * (bits ? 1 : kSearchCost) < static_cast<std::int64_t>(last - first))
+            FindEach(terms, bits, take);
+        else
+            PassOver(first, last, terms, take);
+    }
+
+    // Goes through the numbers from a place to before another. One that is there twice is found once.
+    template <class Take>
+    void PassOver(std::size_t first, std::size_t last, const Terms& terms, Take take) const
+    {
+        for (std::size_t i = first; i < last; ++i) {
+            if (!RepeatsAt(i) && (terms.step == 1 || (At(i) - terms.low) % terms.step == 0))
+                take(At(i));
+        }
+    }
+
+    // The places of the numbers from `low` to `high`, the last one excluded. Quick near the last answer: the
+    // items of a text mostly ascend.
+    std::pair<std::size_t, std::size_t> Between(std::int64_t low, std::int64_t high) const
+    {
+        const std::size_t first = FirstNotBelow(low);
+        m_near = first;
+        return {first, FirstNotBelow(high + 1)};
     }
 
 private:
-    // The numbers of the base from `low` to `high` that are a multiple of `step` away from `anchor`,
-    // ascending.
-    void AddTerms(std::int64_t low, std::int64_t high, std::int64_t anchor, std::int64_t step)
-    {
-        low = std::max<std::int64_t>(low, *m_first);
-        high = std::min<std::int64_t>(high, m_last[-1]);
-        low += ((anchor - low) % step + step) % step;
-        if (low > high)
-            return;
-        const LONG* const begin = std::lower_bound(m_first, m_last, low);
-        const LONG* const end = std::upper_bound(begin, m_last, high);
-        if ((high - low) / step * kLookUpCost < end - begin)
-            AddFoundTerms(begin, end, low, high, step);
-        else
-            AddMatching(begin, end, low, step);
-    }
+    static bool IsLess(Number a, Number b) { return static_cast<LONG>(a) < static_cast<LONG>(b); }
 
-    // For few terms: looks each of them up.
-    void AddFoundTerms(const LONG* begin, const LONG* end, std::int64_t low, std::int64_t high,
-                       std::int64_t step)
+    template <class Take>
+    void FindEach(const Terms& terms, const NumberBits* bits, Take take) const
     {
-        for (std::int64_t term = low; term <= high; term += step) {
-            begin = std::lower_bound(begin, end, term);
-            if (begin != end && *begin == term)
-                m_selection.push_back(*begin);
+        for (std::int64_t term = terms.low; term <= terms.high; term += terms.step) {
+            if (bits ? bits->Has(static_cast<LONG>(term)) : Holds(static_cast<LONG>(term)))
+                take(static_cast<LONG>(term));
         }
     }
 
-    // For a wide range: goes through the base. A number that it holds twice is selected once.
-    void AddMatching(const LONG* begin, const LONG* end, std::int64_t low, std::int64_t step)
+    bool Holds(LONG number) const
     {
-        for (const LONG* number = begin; number < end; ++number) {
-            if ((*number - low) % step == 0 && (number == begin || number[-1] != *number))
-                m_selection.push_back(*number);
-        }
+        const auto [first, last] = Between(number, number);
+        return first != last;
     }
 
-    const LONG* m_first;
-    const LONG* m_last;
-    std::vector<LONG>& m_selection;
+    bool IsBelow(std::size_t place, std::int64_t limit) const { return At(place) < limit; }
+
+    // Searches from the last answer on in steps that double, then between the last two of them.
+    std::size_t FirstNotBelow(std::int64_t limit) const
+    {
+        std::size_t low = 0, high = Count();
+        if (m_near < Count() && IsBelow(m_near, limit)) {
+            low = m_near + 1;
+            for (std::size_t step = 1; low + step < high; step *= 2) {
+                if (!IsBelow(low + step, limit))
+                    high = low + step;
+                else
+                    low += step + 1;
+            }
+        } else {
+            high = std::min(m_near, Count());
+            for (std::size_t step = 1; low + step < high; step *= 2) {
+                if (IsBelow(high - step, limit))
+                    low = high - step + 1;
+                else
+                    high -= step;
+            }
+        }
+        while (low < high) {
+            const std::size_t middle = low + (high - low) / 2;
+            if (IsBelow(middle, limit))
+                low = middle + 1;
+            else
+                high = middle;
+        }
+        return low;
+    }
+
+    std::span<const Number> m_numbers;
+    mutable std::size_t m_near = 0;
 };
+
+void SortAndRemoveRepeats(std::vector<LONG>& numbers)
+{
+    if (!std::is_sorted(numbers.begin(), numbers.end()))
+        std::sort(numbers.begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+}
+
+// `bits` has room for all of the numbers and holds none, or is null.
+void RemoveLaterRepeats(std::vector<LONG>& numbers, NumberBits* bits)
+{
+    std::unordered_set<LONG> seen;
+    const auto repeats = [&](LONG number) {
+        return bits ? !bits->AddNew(number) : !seen.insert(number).second;
+    };
+    numbers.erase(std::remove_if(numbers.begin(), numbers.end(), repeats), numbers.end());
+}
+
+// Marks whatever the items name, then goes through the base once.
+template <class Number>
+std::vector<LONG> SelectMarked(const Base<Number>& base, const std::vector<SelectionItem>& items)
+{
+    NumberBits named(base.First(), base.Last());
+    for (const SelectionItem& item : items) {
+        const Terms terms = base.TermsOf(item);
+        if (terms.Count() > 0 && terms.step == 1)
+            named.AddAll(static_cast<LONG>(terms.low), static_cast<LONG>(terms.high));
+        else if (terms.Count() > static_cast<std::int64_t>(base.Count()))
+            base.PassOver(0, base.Count(), terms, [&](LONG number) { named.Add(number); });
+        else
+            for (std::int64_t term = terms.low; term <= terms.high; term += terms.step)
+                named.Add(static_cast<LONG>(term));
+    }
+    std::vector<LONG> selection(base.Count());
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < base.Count(); ++i) {
+        selection[count] = base.At(i);
+        count += named.Has(base.At(i)) && !base.RepeatsAt(i);
+    }
+    selection.resize(count);
+    return selection;
+}
 
 } // namespace
 
-void Select(const LONG* base, LONG n, const std::string& normal, std::vector<LONG>& selection)
+template <class Number>
+std::vector<LONG> SelectInOrder(std::span<const Number> numbers, const std::vector<SelectionItem>& items,
+                                bool unique)
 {
-    Selector selector(base, n, selection);
-    for (const char* text = normal.c_str(); *text != '\0';)
-        selector.Add(ReadItem(text));
+    const Base<Number> base(numbers);
+    std::optional<NumberBits> bits;
+    if (base.IsWorthBits(base.CountTerms(items)))
+        bits = base.Bits();
+    std::vector<LONG> selection;
+    for (const SelectionItem& item : items) {
+        const auto before = static_cast<std::ptrdiff_t>(selection.size());
+        base.Find(base.TermsOf(item), bits ? &*bits : nullptr,
+                  [&](LONG number) { selection.push_back(number); });
+        if (item.step < 0)
+            std::reverse(selection.begin() + before, selection.end());
+    }
+    if (unique && bits)
+        *bits = NumberBits(base.First(), base.Last());
+    if (unique)
+        RemoveLaterRepeats(selection, bits ? &*bits : nullptr);
+    return selection;
 }
+
+template <class Number>
+std::vector<LONG> SelectSorted(std::span<const Number> numbers, const std::vector<SelectionItem>& items)
+{
+    const Base<Number> base(numbers);
+    if (base.IsWorthBits(base.CountTerms(items)))
+        return SelectMarked(base, items);
+    std::vector<LONG> selection = SelectInOrder(numbers, items, false);
+    SortAndRemoveRepeats(selection);
+    return selection;
+}
+
+template std::vector<LONG> SelectInOrder(std::span<const LONG>, const std::vector<SelectionItem>&, bool);
+template std::vector<LONG> SelectInOrder(std::span<const UINT>, const std::vector<SelectionItem>&, bool);
+template std::vector<LONG> SelectSorted(std::span<const LONG>, const std::vector<SelectionItem>&);
+template std::vector<LONG> SelectSorted(std::span<const UINT>, const std::vector<SelectionItem>&);

@@ -1,18 +1,20 @@
-// Selection strings: their tokens, their normal form, and what they select.
+// What a selection string selects from a list.
 #pragma once
+
+#include "SelectionText.h"
 
 #include <windows.h>
 
-#include <string>
+#include <span>
 #include <vector>
 
-enum TokenType { kNumberToken = 1, kSeparatorToken = 2, kToToken = 3, kByToken = 4 };
+// Number is LONG or UINT, whose values beyond 31 bits count as negative. The base is not empty and ascends.
 
-// One token of `text` at `pos`, as CNumericOptimizer::GetToken tells it.
-bool ReadToken(const char* text, int& pos, int& type, int& value);
+// The selection in the order of the items, repeats kept; with `unique` only the first of each.
+template <class Number>
+std::vector<LONG> SelectInOrder(std::span<const Number> base, const std::vector<SelectionItem>& items,
+                                bool unique);
 
-// The normal form of a selection string; false for a syntax error, and then what stood before it.
-bool Normalise(const char* text, std::string& normal);
-
-// Appends what `normal` selects from the ascending base of `n` > 0 numbers, in its order.
-void Select(const LONG* base, LONG n, const std::string& normal, std::vector<LONG>& selection);
+// The selection ascending and free of repeats.
+template <class Number>
+std::vector<LONG> SelectSorted(std::span<const Number> base, const std::vector<SelectionItem>& items);

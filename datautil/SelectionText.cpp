@@ -1,18 +1,17 @@
-// Tokens and normal form of selection strings.
-#include "Selection.h"
+#include "SelectionText.h"
 
-#include <afxconv_.h>
-
-#include <algorithm>
-#include <cstring>
+#include <charconv>
 
 namespace {
 
-constexpr std::size_t kLongestToken = 128;
+constexpr int kLongestToken = 128;
 
-bool IsBlank(char c)
+// Where commas count as blanks and where they are no part of the text.
+enum class Commas { kRefuse, kAreBlanks };
+
+bool IsBlank(char c, Commas commas)
 {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || (c == ',' && commas == Commas::kAreBlanks);
 }
 
 bool IsDigit(char c)
@@ -27,55 +26,30 @@ int SkipWord(const char* text, int pos, char lower, char upper)
     return text[pos] == lower || text[pos] == upper ? pos + 1 : pos;
 }
 
-bool ReadNumber(const char* text, int& pos, int& value)
+// What does not fit in 32 bits wraps.
+bool ReadNumber(const char* text, Commas commas, int& pos, int& value)
 {
-    std::string token;
     int at = pos;
-    if (text[at] == '-') {
-        token += text[at++];
-        while (IsBlank(text[at]))
+    const bool negative = text[at] == '-';
+    if (negative) {
+        for (++at; IsBlank(text[at], commas);)
             ++at;
     }
     const int first = at;
-    while (IsDigit(text[at]) && token.size() <= kLongestToken)
-        token += text[at++];
-    if (at == first || text[at] == '-' || token.size() > kLongestToken)
+    std::uint32_t number = 0;
+    for (; IsDigit(text[at]); ++at)
+        number = number * 10 + static_cast<std::uint32_t>(text[at] - '0');
+    if (at == first || text[at] == '-' || at - first + negative > kLongestToken)
         return false;
-    value = AfxAtoI(token.c_str());
+    value = static_cast<int>(negative ? 0 - number : number);
     pos = at;
     return true;
 }
 
-// What a state of the grammar makes of a token: where it leads and what stands before a number there.
-struct Transition {
-    int next;
-    const char* text;
-};
-constexpr Transition kError = {-1, ""};
-
-// Rows: nothing yet, after an item's number, after "to", after its end, after "by", after its step.
-// Columns: number, "to", "by".
-constexpr Transition kGrammar[6][3] = {
-    {{1, ""}, kError, kError},    {{1, " "}, {2, "t"}, kError}, {{3, ""}, kError, kError},
-    {{1, " "}, kError, {4, "b"}}, {{5, ""}, kError, kError},    {{1, " "}, kError, kError},
-};
-
-const Transition& Follow(int state, int type)
-{
-    return kGrammar[state][type == kNumberToken ? 0 : type - kToToken + 1];
-}
-
-bool MayEndIn(int state)
-{
-    return state != 2 && state != 4;
-}
-
-} // namespace
-
-bool ReadToken(const char* text, int& pos, int& type, int& value)
+bool ReadToken(const char* text, Commas commas, int& pos, int& type, int& value)
 {
     const char c = text[pos];
-    if (c == '\0' || IsBlank(c)) {
+    if (c == '\0' || IsBlank(c, commas)) {
         type = kSeparatorToken;
         pos += c != '\0';
         return true;
@@ -90,32 +64,80 @@ bool ReadToken(const char* text, int& pos, int& type, int& value)
         pos = SkipWord(text, pos, 'y', 'Y');
         return true;
     }
-    if (!ReadNumber(text, pos, value))
+    if (!ReadNumber(text, commas, pos, value))
         return false;
     type = kNumberToken;
     return true;
 }
 
-bool Normalise(const char* text, std::string& normal)
+// How far an item has been read.
+enum State { kNothingYet, kAfterNumber, kAfterTo, kAfterEnd, kAfterBy, kAfterStep, kError };
+
+// Columns: number, "to", "by".
+constexpr State kGrammar[][3] = {
+    {kAfterNumber, kError, kError},   {kAfterNumber, kAfterTo, kError}, {kAfterEnd, kError, kError},
+    {kAfterNumber, kError, kAfterBy}, {kAfterStep, kError, kError},     {kAfterNumber, kError, kError},
+};
+
+// Tells `visit(state, type, value)` of each token that is no separator, with the state that it leads to.
+// False for a syntax error.
+template <class Visit>
+bool ReadGrammar(const char* text, Visit visit)
 {
-    std::string source = text;
-    std::replace(source.begin(), source.end(), ',', ' ');
-    normal.clear();
-    int state = 0;
-    for (int pos = 0; source[static_cast<std::size_t>(pos)] != '\0';) {
+    State state = kNothingYet;
+    for (int pos = 0; text[pos] != '\0';) {
         int type = 0;
         int value = 0;
-        if (!ReadToken(source.c_str(), pos, type, value))
+        if (!ReadToken(text, Commas::kAreBlanks, pos, type, value))
             return false;
         if (type == kSeparatorToken)
             continue;
-        const Transition& step = Follow(state, type);
-        if (step.next < 0)
+        state = kGrammar[state][type == kNumberToken ? 0 : type - kToToken + 1];
+        if (state == kError)
             return false;
-        normal += step.text;
-        if (type == kNumberToken)
-            normal += std::to_string(value);
-        state = step.next;
+        visit(state, type, value);
     }
-    return MayEndIn(state);
+    return state != kAfterTo && state != kAfterBy;
+}
+
+void AppendNumber(std::string& text, int value)
+{
+    char digits[16];
+    text.append(digits, std::to_chars(digits, digits + sizeof(digits), value).ptr);
+}
+
+} // namespace
+
+bool ReadToken(const char* text, int& pos, int& type, int& value)
+{
+    return ReadToken(text, Commas::kRefuse, pos, type, value);
+}
+
+bool Normalise(const char* text, std::string& normal)
+{
+    normal.clear();
+    return ReadGrammar(text, [&normal](State state, int type, int value) {
+        if (type != kNumberToken) {
+            normal += type == kToToken ? 't' : 'b';
+            return;
+        }
+        if (state == kAfterNumber && !normal.empty())
+            normal += ' ';
+        AppendNumber(normal, value);
+    });
+}
+
+bool ReadItems(const char* text, std::vector<SelectionItem>& items)
+{
+    items.clear();
+    return ReadGrammar(text, [&items](State state, int type, int value) {
+        if (type != kNumberToken)
+            return;
+        if (state == kAfterNumber)
+            items.push_back({value, value, 1});
+        else if (state == kAfterEnd)
+            items.back().to = value;
+        else
+            items.back().step = value;
+    });
 }
