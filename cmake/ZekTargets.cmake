@@ -26,7 +26,8 @@ if(WIN32)
     NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601 __USE_MINGW_ANSI_STDIO=1)
 else()
   # A module that holds unique symbols could never be unloaded.
-  target_compile_options(zek_developer_flags INTERFACE -fno-gnu-unique -fstack-protector-strong)
+  target_compile_options(zek_developer_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+    -fstack-protector-strong)
   target_link_options(zek_developer_flags INTERFACE
     -Wl,-z,relro -Wl,-z,now -Wl,--as-needed)
 endif()
