@@ -34,6 +34,39 @@ TEST(Guide, TextToNumbers)
     EXPECT_EQ(picked[5], 21U);
 }
 
+TEST(Guide, Sets)
+{
+    CArray<UINT, UINT> beams, selected, rest;
+    for (UINT beam : {7, 3, 9, 5})
+        beams.Add(beam);
+    for (UINT beam : {5, 7, 100})
+        selected.Add(beam);
+    CArrayUtil::SubtractUINT(beams, selected, rest);    // 3 9
+    CArrayUtil::UnionUINT(rest, selected, selected);    // 3 5 7 9 100
+    int known = CArrayUtil::IsExist(selected, 9, TRUE); // 1; the list is sorted
+    EXPECT_EQ(rest.GetSize(), 2);
+    EXPECT_EQ(selected.GetSize(), 5);
+    EXPECT_EQ(selected[4], 100U);
+    EXPECT_EQ(known, 1);
+}
+
+TEST(Guide, NamesAndClasses)
+{
+    CAutoIDMaker columns;
+    CString first("C9");
+    columns.SetStartID(first);
+    CString next = columns.GetNextID(); // "C10"
+
+    CKeyClass sections(GF_GetHashSizeByCount(3));
+    sections.Classify(1, "H400");
+    sections.Classify(2, "H300");
+    sections.Classify(3, "H400");
+    CArray<UINT, UINT>* alike = sections.GetClassifiedClass(0); // 1 3
+    EXPECT_STREQ(next, "C10");
+    ASSERT_EQ(alike->GetSize(), 2);
+    EXPECT_EQ((*alike)[1], 3U);
+}
+
 TEST(Guide, Sorts)
 {
     unsigned int order[] = {0, 1, 2, 3, 4};
