@@ -30,15 +30,11 @@ void Assign(CArray<UINT, UINT>& a, const std::vector<LONG>& numbers)
                    [](LONG value) { return static_cast<UINT>(value); });
 }
 
-// As signed numbers: with the sign turned round they have the order of unsigned ones.
 void SortArray(CArray<UINT, UINT>& a)
 {
-    constexpr UINT kSign = 0x80000000;
-    const auto turned = [](UINT number) { return number ^ kSign; };
-    std::vector<UINT> numbers(static_cast<std::size_t>(a.GetSize()));
-    std::transform(a.GetData(), a.GetData() + a.GetSize(), numbers.begin(), turned);
-    RadixSort(numbers);
-    std::transform(numbers.begin(), numbers.end(), a.GetData(), turned);
+    std::vector<UINT> numbers(a.GetData(), a.GetData() + a.GetSize());
+    RadixSort(numbers, [](UINT number) { return SignedKey(static_cast<LONG>(number)); });
+    std::copy(numbers.begin(), numbers.end(), a.GetData());
 }
 
 // False for a syntax error. An empty base selects nothing before the text is read.

@@ -33,9 +33,13 @@ public:
     Value Unit() const { return m_unit; }
     std::uint32_t Place(LONG number) const
     {
-        return static_cast<std::uint32_t>((number - m_origin) / m_unit);
+        const auto distance = static_cast<std::uint32_t>(number - m_origin);
+        return m_unit == 1 ? distance : distance / static_cast<std::uint32_t>(m_unit);
     }
-    Value Number(std::uint64_t place) const { return m_origin + static_cast<Value>(place) * m_unit; }
+    LONG Number(std::uint64_t place) const
+    {
+        return static_cast<LONG>(m_origin + static_cast<Value>(place) * m_unit);
+    }
 
 private:
     Value m_origin;
@@ -49,77 +53,75 @@ bool HasNeighbours(const StepSearch& set, std::uint32_t place, const Scale& scal
            set.Has(std::uint64_t{place} + 2);
 }
 
-Progression TakeRow(StepSearch& set, std::uint32_t place, std::uint32_t step, const Scale& scale)
+STB_OPT_NODE TakeRow(StepSearch& set, std::uint32_t place, std::uint32_t step, const Scale& scale)
 {
     std::uint64_t last = place;
     for (std::uint64_t next = place; set.Has(next); next += step) {
         set.Remove(static_cast<std::uint32_t>(next));
         last = next;
     }
-    return {scale.Number(place), scale.Number(last), step * scale.Unit()};
+    return {scale.Number(place), scale.Number(last), static_cast<LONG>(step * scale.Unit())};
 }
 
-std::vector<LONG> TakeFromClose(const std::vector<LONG>& numbers, const Scale& scale,
-                                const LeastLength& least, std::vector<Progression>& found)
+void TakeFromClose(std::vector<LONG>& numbers, const Scale& scale, const LeastLength& least,
+                   std::vector<STB_OPT_NODE>& runs)
 {
-    std::vector<std::uint32_t> places(numbers.size());
-    std::transform(numbers.begin(), numbers.end(), places.begin(),
-                   [&](LONG number) { return scale.Place(number); });
-    StepSearch set(places);
-    std::vector<LONG> left;
-    for (const std::uint32_t place : places) {
+    StepSearch set(scale.Place(numbers.back()));
+    for (const LONG number : numbers)
+        set.Add(scale.Place(number));
+    std::size_t left = 0;
+    for (const LONG number : numbers) {
+        const std::uint32_t place = scale.Place(number);
         if (!set.Has(place))
             continue;
         const std::uint32_t step = HasNeighbours(set, place, scale, least)
                                        ? 1
                                        : set.SmallestStep(place, static_cast<std::uint32_t>(least.stepped));
         if (step != 0) {
-            found.push_back(TakeRow(set, place, step, scale));
+            runs.push_back(TakeRow(set, place, step, scale));
             continue;
         }
         set.Remove(place); // no later run can hold it
-        left.push_back(static_cast<LONG>(scale.Number(place)));
+        numbers[left++] = number;
     }
-    return left;
+    numbers.resize(left);
 }
 
 // ---- Numbers that lie far apart, or repeat ----
 
-std::vector<LONG> TakeFromFar(std::vector<LONG> numbers, const LeastLength& least,
-                              std::vector<Progression>& found)
+void TakeFromFar(std::vector<LONG>& numbers, const LeastLength& least, std::vector<STB_OPT_NODE>& runs)
 {
     ThinSearch list(std::move(numbers));
-    std::vector<LONG> left;
+    numbers.clear();
     for (std::size_t start = 0; start < list.Count(); ++start) {
         if (list.IsTaken(start))
             continue;
         if (list.Shrink(start))
             start = 0;
         const ThinSearch::Places places = list.SmallestStep(start, least);
+        const LONG first = list.At(start);
         if (places.empty()) {
-            left.push_back(list.At(start));
+            numbers.push_back(first);
             continue;
         }
-        const Value first = list.At(start);
-        found.push_back({first, list.At(places.back()), list.At(places[1]) - first});
+        runs.push_back({first, list.At(places.back()), static_cast<LONG>(Value{list.At(places[1])} - first)});
         list.Take(places);
     }
-    return left;
 }
 
 } // namespace
 
 // What is left only shrinks, so a start that failed once has no run later either, and one sweep finds all.
-std::vector<LONG> TakeProgressions(std::vector<LONG> numbers, const LeastLength& least,
-                                   std::vector<Progression>& found)
+void TakeProgressions(std::vector<LONG>& numbers, const LeastLength& least, std::vector<STB_OPT_NODE>& runs)
 {
     if (static_cast<Value>(numbers.size()) < std::min(least.neighbours, least.stepped))
-        return numbers;
+        return;
     const Scale scale(numbers);
     const Value range = scale.Unit() == 0 ? 0 : (Value{numbers.back()} - numbers.front()) / scale.Unit();
     const bool distinct =
         std::adjacent_find(numbers.begin(), numbers.end(), std::greater_equal<>()) == numbers.end();
     if (distinct && range < kMostBits && range <= kWidestRange * static_cast<Value>(numbers.size()))
-        return TakeFromClose(numbers, scale, least, found);
-    return TakeFromFar(std::move(numbers), least, found);
+        TakeFromClose(numbers, scale, least, runs);
+    else
+        TakeFromFar(numbers, least, runs);
 }

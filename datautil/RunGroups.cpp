@@ -1,11 +1,11 @@
 #include "RunGroups.h"
 
 #include "Progressions.h"
+#include "RadixSort.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <span>
-#include <tuple>
 
 namespace {
 
@@ -23,9 +23,12 @@ bool HaveOneShape(const STB_OPT_NODE& a, const STB_OPT_NODE& b)
     return a.step == b.step && Span(a) == Span(b);
 }
 
-bool IsBefore(const STB_OPT_NODE& a, const STB_OPT_NODE& b)
+// By step, then by span, then by start.
+void SortByShape(std::vector<STB_OPT_NODE>& runs)
 {
-    return std::tuple(a.step, Span(a), a.start) < std::tuple(b.step, Span(b), b.start);
+    RadixSort(runs, [](const STB_OPT_NODE& run) { return SignedKey(run.start); });
+    RadixSort(runs, [](const STB_OPT_NODE& run) { return static_cast<UINT>(Span(run)); });
+    RadixSort(runs, [](const STB_OPT_NODE& run) { return SignedKey(run.step); });
 }
 
 // How many runs of a shape are worth writing across.
@@ -52,14 +55,14 @@ void GroupShape(std::span<const STB_OPT_NODE> runs, std::vector<STB_OPT_NODE>& g
     std::vector<LONG> starts(runs.size());
     std::transform(runs.begin(), runs.end(), starts.begin(),
                    [](const STB_OPT_NODE& run) { return run.start; });
-    std::vector<Progression> across;
+    std::vector<STB_OPT_NODE> across;
     const Value least = LeastStarts(runs.front());
-    const std::vector<LONG> left = TakeProgressions(std::move(starts), {least, least}, across);
-    for (const Progression& each : across) {
+    TakeProgressions(starts, {least, least}, across);
+    for (const STB_OPT_NODE& each : across) {
         for (Value offset = 0; offset <= span; offset += step)
-            grouped.push_back(Run(each.first + offset, each.last + offset, each.step));
+            grouped.push_back(Run(each.start + offset, each.end + offset, each.step));
     }
-    for (const LONG start : left)
+    for (const LONG start : starts)
         grouped.push_back(Run(start, start + span, step));
 }
 
@@ -69,7 +72,7 @@ void GroupRuns(std::vector<STB_OPT_NODE>& runs)
 {
     if (runs.size() < kLeastRunsToGroup)
         return;
-    std::sort(runs.begin(), runs.end(), IsBefore);
+    SortByShape(runs);
     std::vector<STB_OPT_NODE> grouped;
     grouped.reserve(runs.size());
     for (std::size_t first = 0; first < runs.size();) {

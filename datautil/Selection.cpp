@@ -15,12 +15,21 @@ constexpr std::int64_t kFewTerms = 32;
 // A base that spans up to this many numbers for each of its own may be kept as bits.
 constexpr std::int64_t kWidestForBits = 64;
 
-// The terms of an item that a base may hold, from `low` to `high`; none when low is above high.
+// The terms of an item that a base may hold: from `low`, the first, to not above `high`.
 struct Terms {
     std::int64_t low, high, step;
 
-    std::int64_t Count() const { return low > high ? 0 : (high - low) / step + 1; }
+    std::int64_t Count() const
+    {
+        if (low > high)
+            return 0;
+        return (step == 1 ? high - low : (high - low) / step) + 1;
+    }
+    // Cheaper than to count them.
+    bool AreMoreThan(std::int64_t count) const { return high - low >= count * step; }
 };
+
+constexpr Terms kNoTerms = {1, 0, 1};
 
 std::int64_t Remainder(std::int64_t number, std::int64_t divisor)
 {
@@ -43,30 +52,21 @@ public:
 
     Terms TermsOf(const SelectionItem& item) const
     {
-        if (item.step == 0)
-            return {1, 0, 1};
-        const std::int64_t step = std::abs(item.step);
-        const std::int64_t low = std::max<std::int64_t>(std::min(item.from, item.to), First());
-        const std::int64_t high = std::min<std::int64_t>(std::max(item.from, item.to), Last());
         const bool runsAway = item.step > 0 ? item.from > item.to : item.from < item.to;
-        if (low > high || runsAway)
-            return {1, 0, 1};
-        return {low + Remainder(item.from - low, step), high - Remainder(high - item.from, step), step};
+        const std::int64_t low = std::max(std::min(item.from, item.to), First());
+        const std::int64_t high = std::min(std::max(item.from, item.to), Last());
+        if (item.step == 0 || runsAway || low > high)
+            return kNoTerms;
+        const std::int64_t step = std::abs(std::int64_t{item.step});
+        return {low == item.from ? low : low + Remainder(item.from - low, step), high, step};
     }
 
-    std::int64_t CountTerms(const std::vector<SelectionItem>& items) const
-    {
-        std::int64_t count = 0;
-        for (const SelectionItem& item : items)
-            count += TermsOf(item).Count();
-        return count;
-    }
-
-    // Whether so many searches cost more than to read all of the base into bits, and it can be read so.
-    bool IsWorthBits(std::int64_t searches) const
+    // Whether to look for all terms costs more than to read all of the base into bits, and it can be read so.
+    bool IsWorthBits(const std::vector<SelectionItem>& items) const
     {
         const auto count = static_cast<std::int64_t>(Count());
-        return searches * kSearchCost > count && std::int64_t{Last()} - First() < kWidestForBits * count &&
+        return std::int64_t{Last()} - First() < kWidestForBits * count &&
+               HaveMoreTerms(items, count / kSearchCost) &&
                std::is_sorted(m_numbers.begin(), m_numbers.end(), IsLess);
     }
 
@@ -114,6 +114,16 @@ public:
     }
 
 private:
+    bool HaveMoreTerms(const std::vector<SelectionItem>& items, std::int64_t count) const
+    {
+        for (const SelectionItem& item : items) {
+            count -= TermsOf(item).Count();
+            if (count < 0)
+                return true;
+        }
+        return false;
+    }
+
     static bool IsLess(Number a, Number b) { return static_cast<LONG>(a) < static_cast<LONG>(b); }
 
     template <class Take>
@@ -192,9 +202,9 @@ std::vector<LONG> SelectMarked(const Base<Number>& base, const std::vector<Selec
     NumberBits named(base.First(), base.Last());
     for (const SelectionItem& item : items) {
         const Terms terms = base.TermsOf(item);
-        if (terms.Count() > 0 && terms.step == 1)
+        if (terms.step == 1 && terms.low < terms.high)
             named.AddAll(static_cast<LONG>(terms.low), static_cast<LONG>(terms.high));
-        else if (terms.Count() > static_cast<std::int64_t>(base.Count()))
+        else if (terms.AreMoreThan(static_cast<std::int64_t>(base.Count())))
             base.PassOver(0, base.Count(), terms, [&](LONG number) { named.Add(number); });
         else
             for (std::int64_t term = terms.low; term <= terms.high; term += terms.step)
@@ -218,7 +228,7 @@ std::vector<LONG> SelectInOrder(std::span<const Number> numbers, const std::vect
 {
     const Base<Number> base(numbers);
     std::optional<NumberBits> bits;
-    if (base.IsWorthBits(base.CountTerms(items)))
+    if (base.IsWorthBits(items))
         bits = base.Bits();
     std::vector<LONG> selection;
     for (const SelectionItem& item : items) {
@@ -239,7 +249,7 @@ template <class Number>
 std::vector<LONG> SelectSorted(std::span<const Number> numbers, const std::vector<SelectionItem>& items)
 {
     const Base<Number> base(numbers);
-    if (base.IsWorthBits(base.CountTerms(items)))
+    if (base.IsWorthBits(items))
         return SelectMarked(base, items);
     std::vector<LONG> selection = SelectInOrder(numbers, items, false);
     SortAndRemoveRepeats(selection);

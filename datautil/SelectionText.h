@@ -7,10 +7,10 @@
 
 enum TokenType { kNumberToken = 1, kSeparatorToken = 2, kToToken = 3, kByToken = 4 };
 
-// What an item of a selection string names; a single number from itself to itself. Wide enough that no term
-// of it wraps.
+// What an item of a selection string names; a single number from itself to itself. Terms near the ends may
+// need more than 32 bits.
 struct SelectionItem {
-    std::int64_t from, to, step;
+    std::int32_t from, to, step;
 };
 
 // One token of `text` at `pos`, as CNumericOptimizer::GetToken tells it.

@@ -9,11 +9,14 @@ namespace {
 // Steps that are tried one by one, before all others.
 constexpr unsigned kShortSteps = 64;
 
-// Steps that are tried at once, and how they are laid out for the processor.
-constexpr unsigned kStepsAtOnce = 512;
+// Steps that are tried at once, in lanes as wide as the widest registers of today's processors.
+constexpr unsigned kLaneBytes = 64;
+constexpr unsigned kLanes = 2;
+constexpr unsigned kStepsAtOnce = kLanes * kLaneBytes * 8;
 constexpr unsigned kWords = kStepsAtOnce / 64;
-constexpr unsigned kLanes = kStepsAtOnce / 128;
-using Lane = std::uint64_t __attribute__((vector_size(16)));
+using Lane = std::uint64_t __attribute__((vector_size(kLaneBytes)));
+using HalfLane = std::uint64_t __attribute__((vector_size(kLaneBytes / 2)));
+using QuarterLane = std::uint64_t __attribute__((vector_size(kLaneBytes / 4)));
 
 constexpr unsigned kShifts = 8;
 // Room before the bits, for starts that are not at a whole byte, and behind them, for steps past the end.
@@ -63,9 +66,18 @@ struct Rows {
     bool Meet() const
     {
         Lane met = {};
-        for (unsigned lane = 0; lane < kLanes; ++lane)
-            met |= Load<Lane>(ones + 16 * lane) & Load<Lane>(twos + 16 * lane) & Load<Lane>(threes + 16 * lane);
-        return (met[0] | met[1]) != 0;
+        for (unsigned lane = 0; lane < kLanes; ++lane) {
+            Lane one, two, three;
+            std::memcpy(&one, ones + kLaneBytes * lane, kLaneBytes);
+            std::memcpy(&two, twos + kLaneBytes * lane, kLaneBytes);
+            std::memcpy(&three, threes + kLaneBytes * lane, kLaneBytes);
+            met |= one & two & three;
+        }
+        const HalfLane half =
+            __builtin_shufflevector(met, met, 0, 1, 2, 3) | __builtin_shufflevector(met, met, 4, 5, 6, 7);
+        const QuarterLane quarter =
+            __builtin_shufflevector(half, half, 0, 1) | __builtin_shufflevector(half, half, 2, 3);
+        return (quarter[0] | quarter[1]) != 0;
     }
 
     std::uint64_t Word(unsigned word) const
@@ -84,11 +96,15 @@ struct Rows {
 
 } // namespace
 
-StepSearch::StepSearch(std::span<const std::uint32_t> members)
-    : m_members(BytesFor(members.back() + std::uint64_t{1})), m_largest(members.back()), m_count(members.size())
+StepSearch::StepSearch(std::uint32_t largest)
+    : m_members(BytesFor(largest + std::uint64_t{1})), m_largest(largest)
 {
-    for (const std::uint32_t member : members)
-        Set(m_members, member);
+}
+
+void StepSearch::Add(std::uint32_t member)
+{
+    Set(m_members, member);
+    ++m_count;
 }
 
 void StepSearch::Remove(std::uint32_t member)
@@ -162,6 +178,7 @@ std::uint32_t StepSearch::ShortStep(std::uint32_t start, std::uint32_t least) co
     return FirstRow(start, least, 1, steps);
 }
 
+ZEK_FOR_EACH_PROCESSOR
 std::uint32_t StepSearch::LongStep(std::uint32_t start, std::uint32_t least) const
 {
     const auto largestStep = static_cast<std::int64_t>((m_largest - start) / (least - 1));

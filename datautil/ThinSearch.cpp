@@ -70,13 +70,12 @@ ThinSearch::Places ThinSearch::RunFrom(std::size_t start, std::size_t second) co
 ThinSearch::Places ThinSearch::SmallestStep(std::size_t start, const LeastLength& least) const
 {
     const std::int64_t first = At(start);
-    const std::int64_t reach = At(m_last) - first;
+    const std::int64_t largestStep = std::max<std::int64_t>((At(m_last) - first) / (least.stepped - 1), 1);
     for (std::size_t second = start + 1; second <= m_last; ++second) {
         const std::int64_t step = At(second) - first;
-        if (step > 1 && step * (least.stepped - 1) > reach)
+        if (step > largestStep)
             break;
-        const std::int64_t third = At(second) + step;
-        if (!MayHave(third) || (step > 1 && !MayHave(third + step)) || IsTaken(second))
+        if (!MayHave(At(second) + step) || (step > 1 && !MayHave(At(second) + 2 * step)) || IsTaken(second))
             continue;
         Places places = RunFrom(start, second);
         if (static_cast<std::int64_t>(places.size()) >= least.For(step))
