@@ -9,6 +9,7 @@
 // text names.
 #include "Measure.h"
 #include "Peers.h"
+#include "Timed.h"
 
 #include <ZEK_lib.h>
 
@@ -20,25 +21,6 @@ namespace {
 
 constexpr int kRepeats = 5;
 constexpr std::size_t kMostForClusterShell = 100000;
-constexpr double kEnoughSeconds = 0.02;
-
-// Seconds of one call, from as many as take some time.
-bench::Phases Timed(const std::function<void()>& work)
-{
-    work(); // warms up
-    int calls = 0;
-    const double begin = bench::Now();
-    do {
-        work();
-        ++calls;
-    } while (bench::Now() - begin < kEnoughSeconds);
-    return {(bench::Now() - begin) / calls};
-}
-
-bench::Contender Timed(const std::string& name, std::function<void()> work)
-{
-    return {name, [work = std::move(work)] { return Timed(work); }};
-}
 
 // The literal passes are run where they end in about a second.
 std::size_t MostForLiteral(const std::string& family)
@@ -61,7 +43,7 @@ void Use(const char* text)
 void PrintRatio(const char* name, double peer, double ours)
 {
     if (peer > 0)
-        std::printf("  %s %.2f", name, ours / peer);
+        std::printf("  %s %.3g", name, ours / peer);
 }
 
 // The literal version counts as absent (negative) above its limit.
