@@ -53,8 +53,8 @@ public:
     Terms TermsOf(const SelectionItem& item) const
     {
         const bool runsAway = item.step > 0 ? item.from > item.to : item.from < item.to;
-        const std::int64_t low = std::max(std::min(item.from, item.to), First());
-        const std::int64_t high = std::min(std::max(item.from, item.to), Last());
+        const std::int64_t low = std::max<std::int64_t>(std::min(item.from, item.to), First());
+        const std::int64_t high = std::min<std::int64_t>(std::max(item.from, item.to), Last());
         if (item.step == 0 || runsAway || low > high)
             return kNoTerms;
         const std::int64_t step = std::abs(std::int64_t{item.step});
