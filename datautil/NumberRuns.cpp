@@ -1,9 +1,9 @@
 #include "NumberRuns.h"
 
-#include "NeighbourRuns.h"
-#include "Progressions.h"
+#include "ExtractSeq.h"
+#include "ExtractSeqEx.h"
 #include "RadixSort.h"
-#include "RunGroups.h"
+#include "OptimizeGroup.h"
 
 namespace {
 
@@ -15,9 +15,9 @@ template <class Number>
 NumberRuns FindRuns(std::span<const Number> numbers)
 {
     NumberRuns result;
-    result.singles = TakeNeighbourRuns(numbers, result.runs);
-    TakeProgressions(result.singles, kLeastLength, result.runs);
-    GroupRuns(result.runs);
+    result.singles = ExtractSeq(numbers, result.runs);
+    ExtractSeqEx(result.singles, kLeastLength, result.runs);
+    OptimizeGroup(result.runs);
     RadixSort(result.runs, [](const STB_OPT_NODE& run) { return SignedKey(run.start); });
     return result;
 }

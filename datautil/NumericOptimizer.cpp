@@ -3,7 +3,7 @@
 #include "CompFunc.h"
 #include "NumberRuns.h"
 #include "RadixSort.h"
-#include "RunText.h"
+#include "MakeOptimizedStr.h"
 #include "Selection.h"
 
 #include <algorithm>
@@ -47,7 +47,7 @@ bool ReadFor(std::size_t baseSize, const char* text, std::vector<SelectionItem>&
 
 CString CNumericOptimizer::Optimize(LONG* values, LONG n)
 {
-    return n < 1 ? CString() : MakeText(FindRuns(NumbersOf(values, n)));
+    return n < 1 ? CString() : MakeOptimizedStr(FindRuns(NumbersOf(values, n)));
 }
 
 CString CNumericOptimizer::Optimize(CArray<UINT, UINT>& a)
@@ -57,7 +57,7 @@ CString CNumericOptimizer::Optimize(CArray<UINT, UINT>& a)
 
 CString CNumericOptimizer::OptimizeSortedArray(CArray<UINT, UINT>& a)
 {
-    return MakeText(FindRuns(NumbersOf(a)));
+    return MakeOptimizedStr(FindRuns(NumbersOf(a)));
 }
 
 CString CNumericOptimizer::OptimizeUnsortedArray(CArray<UINT, UINT>& a)

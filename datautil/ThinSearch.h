@@ -1,7 +1,7 @@
 // A list of numbers that finds equal steps among them.
 #pragma once
 
-#include "Progressions.h"
+#include "ExtractSeqEx.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "Progressions.h"
+#include "ExtractSeqEx.h"
 
 #include "StepSearch.h"
 #include "ThinSearch.h"
@@ -112,7 +112,7 @@ void TakeFromFar(std::vector<LONG>& numbers, const LeastLength& least, std::vect
 } // namespace
 
 // What is left only shrinks, so a start that failed once has no run later either, and one sweep finds all.
-void TakeProgressions(std::vector<LONG>& numbers, const LeastLength& least, std::vector<STB_OPT_NODE>& runs)
+void ExtractSeqEx(std::vector<LONG>& numbers, const LeastLength& least, std::vector<STB_OPT_NODE>& runs)
 {
     if (static_cast<Value>(numbers.size()) < std::min(least.neighbours, least.stepped))
         return;

@@ -7,4 +7,4 @@
 
 // Both in one order, by their first numbers. Throws CMemoryException when a single number equals the start of
 // a run (repeats can leave one), which has no place in the order: the text would grow without end.
-CString MakeText(const NumberRuns& parts);
+CString MakeOptimizedStr(const NumberRuns& parts);

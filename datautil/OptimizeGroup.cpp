@@ -1,6 +1,6 @@
-#include "RunGroups.h"
+#include "OptimizeGroup.h"
 
-#include "Progressions.h"
+#include "ExtractSeqEx.h"
 #include "RadixSort.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ STB_OPT_NODE Run(Value start, Value end, Value step)
 }
 
 // The runs are of one shape and ascend by their starts.
-void GroupShape(std::span<const STB_OPT_NODE> runs, std::vector<STB_OPT_NODE>& grouped)
+void ExtractGroupEx(std::span<const STB_OPT_NODE> runs, std::vector<STB_OPT_NODE>& grouped)
 {
     const Value step = runs.front().step;
     const Value span = Span(runs.front());
@@ -57,7 +57,7 @@ void GroupShape(std::span<const STB_OPT_NODE> runs, std::vector<STB_OPT_NODE>& g
                    [](const STB_OPT_NODE& run) { return run.start; });
     std::vector<STB_OPT_NODE> across;
     const Value least = LeastStarts(runs.front());
-    TakeProgressions(starts, {least, least}, across);
+    ExtractSeqEx(starts, {least, least}, across);
     for (const STB_OPT_NODE& each : across) {
         for (Value offset = 0; offset <= span; offset += step)
             grouped.push_back(Run(each.start + offset, each.end + offset, each.step));
@@ -68,7 +68,7 @@ void GroupShape(std::span<const STB_OPT_NODE> runs, std::vector<STB_OPT_NODE>& g
 
 } // namespace
 
-void GroupRuns(std::vector<STB_OPT_NODE>& runs)
+void OptimizeGroup(std::vector<STB_OPT_NODE>& runs)
 {
     if (runs.size() < kLeastRunsToGroup)
         return;
@@ -79,7 +79,7 @@ void GroupRuns(std::vector<STB_OPT_NODE>& runs)
         std::size_t last = first + 1;
         while (last < runs.size() && HaveOneShape(runs[last], runs[first]))
             ++last;
-        GroupShape({runs.data() + first, last - first}, grouped);
+        ExtractGroupEx({runs.data() + first, last - first}, grouped);
         first = last;
     }
     runs = std::move(grouped);

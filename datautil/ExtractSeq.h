@@ -10,4 +10,4 @@
 // other, as they are found from the left again and again. Answers what is left, in order. Number is LONG or
 // UINT, whose values beyond 31 bits count as negative. Any order and repeats are taken as they come.
 template <class Number>
-std::vector<LONG> TakeNeighbourRuns(std::span<const Number> numbers, std::vector<STB_OPT_NODE>& runs);
+std::vector<LONG> ExtractSeq(std::span<const Number> numbers, std::vector<STB_OPT_NODE>& runs);

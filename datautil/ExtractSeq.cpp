@@ -1,4 +1,4 @@
-#include "NeighbourRuns.h"
+#include "ExtractSeq.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -99,10 +99,10 @@ private:
 } // namespace
 
 template <class Number>
-std::vector<LONG> TakeNeighbourRuns(std::span<const Number> numbers, std::vector<STB_OPT_NODE>& runs)
+std::vector<LONG> ExtractSeq(std::span<const Number> numbers, std::vector<STB_OPT_NODE>& runs)
 {
     return NeighbourPass<Number>(numbers, runs).Take();
 }
 
-template std::vector<LONG> TakeNeighbourRuns(std::span<const LONG>, std::vector<STB_OPT_NODE>&);
-template std::vector<LONG> TakeNeighbourRuns(std::span<const UINT>, std::vector<STB_OPT_NODE>&);
+template std::vector<LONG> ExtractSeq(std::span<const LONG>, std::vector<STB_OPT_NODE>&);
+template std::vector<LONG> ExtractSeq(std::span<const UINT>, std::vector<STB_OPT_NODE>&);

@@ -1,4 +1,4 @@
-#include "RunText.h"
+#include "MakeOptimizedStr.h"
 
 #include <charconv>
 #include <cstring>
@@ -60,7 +60,7 @@ private:
 
 } // namespace
 
-CString MakeText(const NumberRuns& parts)
+CString MakeOptimizedStr(const NumberRuns& parts)
 {
     TextWriter text;
     auto run = parts.runs.begin();

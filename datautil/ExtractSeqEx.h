@@ -19,4 +19,4 @@ struct LeastLength {
 // Time: for n numbers over a range of R at worst n * R / 3,000 steps of a few machine instructions while the
 // numbers lie close (R up to 150 n), n * n / 6 otherwise; much less when runs are found soon.
 // Memory: 2.2 bytes for each number of the range, or 13 for each number.
-void TakeProgressions(std::vector<LONG>& numbers, const LeastLength& least, std::vector<STB_OPT_NODE>& runs);
+void ExtractSeqEx(std::vector<LONG>& numbers, const LeastLength& least, std::vector<STB_OPT_NODE>& runs);
