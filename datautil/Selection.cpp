@@ -202,13 +202,15 @@ std::vector<LONG> SelectMarked(const Base<Number>& base, const std::vector<Selec
     NumberBits named(base.First(), base.Last());
     for (const SelectionItem& item : items) {
         const Terms terms = base.TermsOf(item);
-        if (terms.step == 1 && terms.low < terms.high)
+        if (terms.step == 1 && terms.low < terms.high) {
             named.AddAll(static_cast<LONG>(terms.low), static_cast<LONG>(terms.high));
-        else if (terms.AreMoreThan(static_cast<std::int64_t>(base.Count())))
-            base.PassOver(0, base.Count(), terms, [&](LONG number) { named.Add(number); });
-        else
+        } else if (terms.AreMoreThan(static_cast<std::int64_t>(base.Count()))) {
+            const auto [first, last] = base.Between(terms.low, terms.high);
+            base.PassOver(first, last, terms, [&](LONG number) { named.Add(number); });
+        } else {
             for (std::int64_t term = terms.low; term <= terms.high; term += terms.step)
                 named.Add(static_cast<LONG>(term));
+        }
     }
     std::vector<LONG> selection(base.Count());
     std::size_t count = 0;

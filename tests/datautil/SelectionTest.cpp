@@ -116,6 +116,14 @@ std::optional<NumberList> InOrder(NumberList base, const char* text)
     return {};
 }
 
+// The selection of a text that is well formed, ascending and free of repeats.
+NumberList Sorted(const NumberList& numbers, const char* text)
+{
+    CArray<UINT, UINT> base, out;
+    EXPECT_EQ(CNumericOptimizer().SelectNumByStr(Fill(base, numbers), text, out), 1);
+    return ListOf(out);
+}
+
 } // namespace
 
 TEST(Selection, Tokens)
@@ -318,7 +326,10 @@ TEST(Selection, RandomRangesReadAsTheGrammarSays)
         const auto selected = InOrder(base, text.c_str());
         ASSERT_EQ(selected.has_value(), items.has_value()) << text;
         if (items) {
-            ASSERT_EQ(*selected, Walk({base.begin(), base.end()}, *items)) << text;
+            const NumberList expected = Walk({base.begin(), base.end()}, *items);
+            ASSERT_EQ(*selected, expected) << text;
+            const std::set<LONG> sorted(expected.begin(), expected.end());
+            ASSERT_EQ(Sorted(base, text.c_str()), NumberList(sorted.begin(), sorted.end())) << text;
         }
     }
 }
