@@ -253,8 +253,8 @@ public:
     void InvokeHelperV(DISPID id, WORD flags, VARTYPE resultType, void* result, const BYTE* parameters,
                        va_list arguments);
 
-    // Puts a property; VT_DISPATCH is put by reference. The value is given as InvokeHelper takes it, a
-    // VT_BSTR as an LPCSTR.
-    void AFX_CDECL SetProperty(DISPID id, VARTYPE type, ...);
+    // Puts a property of a VARTYPE; VT_DISPATCH is put by reference. The value is given as InvokeHelper takes
+    // it, a VT_BSTR as an LPCSTR.
+    void AFX_CDECL SetProperty(DISPID id, UINT type, ...);
     void GetProperty(DISPID id, VARTYPE type, void* value) const;
 };

@@ -16,6 +16,10 @@
 
 #include "afxwnd_.h"
 
+// A dialog's Create hides that of a plain window, and is meant to.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+
 class AFX_CORE_CLASS CDialog : public CWnd
 {
     DECLARE_DYNAMIC(CDialog)
@@ -81,3 +85,5 @@ private:
     CString m_nameCopy;
     bool m_autoCenter = false;
 };
+
+#pragma GCC diagnostic pop

@@ -31,6 +31,10 @@ struct CCreateContext {
 
 class CMDIChildWnd;
 
+// A frame's Create hides that of its base class, and is meant to.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+
 class AFX_CORE_CLASS CFrameWnd : public CWnd
 {
     DECLARE_DYNCREATE(CFrameWnd)
@@ -152,3 +156,5 @@ protected:
 private:
     CCreateContext* m_context = nullptr; // while the window is made
 };
+
+#pragma GCC diagnostic pop

@@ -37,9 +37,11 @@ constexpr LeadRange kLeadRanges[] = {
 UINT CodePageOfCodeset(std::string_view codeset)
 {
     std::string name;
-    for (const unsigned char c : codeset)
-        if (std::isalnum(c))
-            name += static_cast<char>(std::toupper(c));
+    for (const char c : codeset) {
+        const int letter = static_cast<unsigned char>(c);
+        if (std::isalnum(letter))
+            name += static_cast<char>(std::toupper(letter));
+    }
     const auto found = std::find_if(std::begin(kCodesets), std::end(kCodesets),
                                     [&name](const Codeset& row) { return name == row.name; });
     return found == std::end(kCodesets) ? CP_UTF8 : found->codePage;

@@ -104,7 +104,7 @@ bool StartDetached(SIZE_T stack, ThreadPtr* thread)
         return Fail(ERROR_NOT_ENOUGH_MEMORY);
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
     if (stack != 0)
-        pthread_attr_setstacksize(&attributes, std::max<size_t>(stack, PTHREAD_STACK_MIN));
+        pthread_attr_setstacksize(&attributes, std::max(stack, static_cast<SIZE_T>(PTHREAD_STACK_MIN)));
     pthread_t made;
     const int error = pthread_create(&made, &attributes, Run, thread);
     pthread_attr_destroy(&attributes);

@@ -177,7 +177,7 @@ CWinThread::~CWinThread()
 BOOL CWinThread::CreateThread(DWORD flags, UINT stack, LPSECURITY_ATTRIBUTES security)
 {
     auto ready = std::make_shared<AfxThreadReady>();
-    auto start = std::make_unique<Start>(this, ApplicationWindow(), ready);
+    auto start = std::unique_ptr<Start>(new Start{this, ApplicationWindow(), ready});
     if (!ready->IsMade())
         return FALSE;
     unsigned id = 0;

@@ -278,9 +278,9 @@ void AFX_CDECL COleDispatchDriver::InvokeHelper(DISPID id, WORD flags, VARTYPE r
     InvokeHelperV(id, flags, resultType, result, parameters, source.list);
 }
 
-void AFX_CDECL COleDispatchDriver::SetProperty(DISPID id, VARTYPE type, ...)
+void AFX_CDECL COleDispatchDriver::SetProperty(DISPID id, UINT type, ...)
 {
-    const BYTE parameters[] = {ParameterByte(type), 0};
+    const BYTE parameters[] = {ParameterByte(static_cast<VARTYPE>(type)), 0};
     const WORD flags = type == VT_DISPATCH ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
     Source source;
     va_start(source.list, type);

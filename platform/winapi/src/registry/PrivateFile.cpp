@@ -20,7 +20,7 @@ bool MakePrivate(int file, bool readOnly)
         errno = EPERM;
         return false;
     }
-    return (status.st_mode & ~S_IFMT) == kOwnerOnly || fchmod(file, kOwnerOnly) == 0;
+    return (status.st_mode & ~mode_t{S_IFMT}) == kOwnerOnly || fchmod(file, kOwnerOnly) == 0;
 }
 
 } // namespace

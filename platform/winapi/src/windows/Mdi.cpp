@@ -85,7 +85,7 @@ bool IsClient(HWND window)
 
 DWORD StyleOf(DWORD asked, HWND client)
 {
-    const bool all = GetWindowLongA(client, GWL_STYLE) & kAllChildStyles;
+    const bool all = static_cast<DWORD>(GetWindowLongA(client, GWL_STYLE)) & kAllChildStyles;
     return WS_CHILD | WS_CLIPSIBLINGS | (all ? asked : (asked & kOwnStyle) | kUsualStyle);
 }
 
