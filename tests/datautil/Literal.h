@@ -53,6 +53,11 @@ public:
         return text;
     }
 
+    // By their starts.
+    const std::vector<LiteralRun>& Runs() const { return m_runs; }
+    // What is in no run, ascending.
+    const std::vector<std::int64_t>& Singles() const { return m_rest; }
+
 private:
     using Values = std::vector<std::int64_t>;
     bool TakeNeighbours()
@@ -79,10 +84,11 @@ private:
     {
         if (from + 2 >= rest.size())
             from = 0;
+        std::vector<std::size_t> members;
         for (std::size_t i = from; i + 2 < rest.size(); ++i) {
             for (std::size_t j = i + 1; j < rest.size(); ++j) {
                 const std::int64_t step = rest[j] - rest[i];
-                std::vector<std::size_t> members = {i, j};
+                members = {i, j};
                 std::int64_t expected = rest[j] + step;
                 for (std::size_t k = j + 1; k < rest.size() && rest[k] <= expected; ++k) {
                     if (rest[k] == expected) {
