@@ -26,7 +26,7 @@ constexpr std::size_t kMostForClusterShell = 100000;
 std::size_t MostForLiteral(const std::string& family)
 {
     const std::pair<const char*, std::size_t> limits[] = {
-        {"contiguous", 1000000}, {"even", 1000000},   {"third-missing", 1000000}, {"grid", 100000},
+        {"contiguous", 1000000}, {"even", 1000000},   {"third-missing", 100000}, {"grid", 100000},
         {"grid-gaps", 10000},    {"random90", 10000}, {"random50", 10000},        {"random10", 1000}};
     for (const auto& [name, most] : limits) {
         if (family == name)
