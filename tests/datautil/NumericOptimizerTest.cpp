@@ -162,6 +162,24 @@ TEST(NumericOptimizer, ManyEqualRunsAreAsDescribed)
     }
 }
 
+// So many runs that they are sorted in another way, of several shapes.
+TEST(NumericOptimizer, HundredsOfRunsOfSeveralShapesAreAsDescribed)
+{
+    std::mt19937 random(29);
+    for (int round = 0; round < 6; ++round) {
+        NumberList numbers;
+        LONG start = -20000;
+        for (unsigned run = 300 + Below(random, 200); run > 0; --run) {
+            const LONG step = static_cast<LONG>(1 + Below(random, 3));
+            const LONG length = static_cast<LONG>(4 + Below(random, 2));
+            start += static_cast<LONG>((2 + Below(random, 5)) * 20);
+            for (LONG k = 0; k < length; ++k)
+                numbers.push_back(start + k * step);
+        }
+        ASSERT_NO_FATAL_FAILURE(ExpectLiteral(numbers));
+    }
+}
+
 TEST(NumericOptimizer, LongListsRoundTrip)
 {
     std::mt19937 random(25);
