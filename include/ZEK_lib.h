@@ -8,6 +8,7 @@
 #include "CompFunc.h"
 #include "ErrorState.h"
 #include "FileCtrl.h"
+#include "GeomFunc.h"
 #include "GlobalFunc.h"
 #include "KeyClass.h"
 #include "LocaleLib.h"
