@@ -1,7 +1,5 @@
 #include "BoxTree.h"
 
-#include <algorithm>
-
 BoxTree::BoxTree(const PolylineView& line, const T_POINT3D* seen, double margin)
     : m_line(line), m_seen(seen), m_margin(margin)
 {
@@ -14,41 +12,31 @@ BoxTree::BoxTree(const PolylineView& line, const T_POINT3D* seen, double margin)
 
 Box3 BoxTree::BoxOfSegment(int segment) const
 {
-    Box3 box;
-    box.Include(Load(m_seen[segment]));
-    box.Include(Load(m_seen[segment + 1]));
-    box.Grow(m_margin + SafeRoom(0.0, LengthOf(segment), 0.0));
-    return box;
+    const T_POINT3D* const p = m_seen + segment;
+    return {{std::min(p[0].x, p[1].x), std::min(p[0].y, p[1].y), std::min(p[0].z, p[1].z)},
+            {std::max(p[0].x, p[1].x), std::max(p[0].y, p[1].y), std::max(p[0].z, p[1].z)}};
 }
 
-double BoxTree::LengthOf(int segment) const
+BoxTree::Few BoxTree::Near(int run, const Box3& box) const
 {
-    return Reach(Load(m_line.points[segment + 1]) - Load(m_line.points[segment]));
-}
-
-BoxTree::Run BoxTree::Open(int run) const
-{
-    Run opened;
-    opened.first = run * kRun;
-    opened.count = std::min(kRun, m_line.segments - opened.first);
-    for (int i = 0; i < opened.count; ++i)
-        opened.boxes[i] = BoxOfSegment(opened.first + i);
-    return opened;
+    Few few;
+    const int end = EndOfRun(run);
+    for (int segment = run * kRun; segment < end; ++segment) {
+        few.segments[few.count] = segment;
+        few.boxes[few.count] = BoxOfSegment(segment);
+        few.count += few.boxes[few.count].Overlaps(box);
+    }
+    return few;
 }
 
 void BoxTree::AddRuns()
 {
     m_levels.push_back({0, (m_line.segments - 1) / kRun + 1});
-    for (int first = 0; first < m_line.segments; first += kRun) {
-        const int end = std::min(first + kRun, m_line.segments);
+    for (int run = 0; run < m_levels[0].count; ++run) {
         Box3 box;
-        double longest = 0.0;
-        box.Include(Load(m_seen[first]));
-        for (int i = first; i < end; ++i) {
-            box.Include(Load(m_seen[i + 1]));
-            longest = std::max(longest, LengthOf(i));
-        }
-        box.Grow(m_margin + SafeRoom(0.0, longest, 0.0));
+        for (int point = run * kRun; point <= EndOfRun(run); ++point)
+            box.Include(Load(m_seen[point]));
+        box.Grow(m_margin);
         m_boxes.push_back(box);
     }
 }
@@ -92,26 +80,32 @@ bool BoxTree::Meets(const Node& mine, const BoxTree& other, const Node& its, int
 
 bool BoxTree::RunMeetsItself(int run) const
 {
-    const Run opened = Open(run);
-    const T_POINT3D* const points = m_line.points + opened.first;
-    for (int i = 0; i < opened.count; ++i)
-        for (int j = i + 1; j < opened.count; ++j)
-            if (opened.boxes[i].Overlaps(opened.boxes[j]) && SegmentsMeet(points + i, points + j, 0))
+    const Few all = Near(run, BoxOf({0, run}));
+    for (int i = 0; i + 1 < all.count; ++i) {
+        const T_POINT3D* const segment = m_line.points + all.segments[i];
+        if (SegmentsMeet(segment, segment + 1, 0))
+            return true;
+        Box3 box = all.boxes[i];
+        box.Grow(m_margin);
+        for (int j = i + 2; j < all.count; ++j)
+            if (box.Overlaps(all.boxes[j]) && SegmentsMeet(segment, m_line.points + all.segments[j], 0))
                 return true;
+    }
     return false;
 }
 
 bool BoxTree::RunsMeet(int mine, const BoxTree& other, int its, int bCross) const
 {
-    const Box3& itsBox = other.BoxOf({0, its});
-    const Run a = Open(mine);
-    const Run b = other.Open(its);
+    const Few a = Near(mine, other.BoxOf({0, its}));
+    if (a.count == 0)
+        return false;
+    const Few b = other.Near(its, BoxOf({0, mine}));
     for (int i = 0; i < a.count; ++i) {
-        if (!a.boxes[i].Overlaps(itsBox))
-            continue;
+        Box3 box = a.boxes[i];
+        box.Grow(m_margin);
         for (int j = 0; j < b.count; ++j)
-            if (a.boxes[i].Overlaps(b.boxes[j]) &&
-                SegmentsMeet(m_line.points + a.first + i, other.m_line.points + b.first + j, bCross))
+            if (box.Overlaps(b.boxes[j]) &&
+                SegmentsMeet(m_line.points + a.segments[i], other.m_line.points + b.segments[j], bCross))
                 return true;
     }
     return false;

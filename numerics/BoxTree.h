@@ -3,6 +3,7 @@
 
 #include "SegmentPair.h"
 
+#include <algorithm>
 #include <limits>
 #include <vector>
 
@@ -63,9 +64,10 @@ private:
         std::size_t first;
         int count;
     };
-    struct Run {
-        int first;
-        int count;
+    // The segments of a run that come near a box.
+    struct Few {
+        int count = 0;
+        int segments[kRun];
         Box3 boxes[kRun];
     };
 
@@ -75,9 +77,9 @@ private:
     {
         return m_boxes[At(node.level).first + static_cast<std::size_t>(node.index)];
     }
+    int EndOfRun(int run) const { return std::min((run + 1) * kRun, m_line.segments); }
     Box3 BoxOfSegment(int segment) const;
-    double LengthOf(int segment) const; // or more
-    Run Open(int run) const;
+    Few Near(int run, const Box3& box) const;
     void AddRuns();
     void AddLevel();
 

@@ -34,6 +34,7 @@ Vec3 See(const Axes& axes, const Vec3& p)
 struct Survey {
     Box3 box;
     double widths[3] = {};
+    double longest = 0.0;
     double segments = 0.0;
 
     void Add(const Vec3& from, const Vec3& to)
@@ -42,6 +43,7 @@ struct Survey {
         box.Include(to);
         for (int axis = 0; axis < 3; ++axis)
             widths[axis] += std::abs(to[axis] - from[axis]);
+        longest = std::max(longest, Reach(to - from));
         segments += 1.0;
     }
 
@@ -63,7 +65,8 @@ struct Survey {
         for (int axis = 0; axis < 3; ++axis)
             farthest = std::max({farthest, std::abs(box.low[axis]), std::abs(box.high[axis])});
         // Boxes pass over what is no number; widths do not.
-        return SafeRoom(3.0 * farthest, 0.0, Reach(box.Size())) + 0.0 * (widths[0] + widths[1] + widths[2]);
+        return SafeRoom(3.0 * farthest, 2.0 * longest, Reach(box.Size())) +
+               0.0 * (widths[0] + widths[1] + widths[2]);
     }
 };
 
