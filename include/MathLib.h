@@ -23,7 +23,8 @@ public:
     static double ConvDeg2Rad(double deg);
 
     // The direction from (x1, y1) to (x2, y2) against the X axis, in (-180, 180] degrees or (-pi, pi]
-    // radians; negative below the axis. 0 for points closer than CMathFunc::m_NormalZero.
+    // radians; negative below the axis. 0 for points closer than CMathFunc::m_NormalZero. It is taken from a
+    // cosine, as CMathFunc::mathCrossAngle() does: directions within 1e-8 radians of the axis are on it.
     static double CalcAngleDegLineAndAxisX(double x1, double y1, double x2, double y2);
     static double CalcAngleRadLineAndAxisX(double x1, double y1, double x2, double y2);
 

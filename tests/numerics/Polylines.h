@@ -69,29 +69,50 @@ inline T_POINT3D ZigZag(int i, int n)
 
 inline const PolylineFamily kPolylineFamilies[] = {
     {"spiral", [](Random& r, int i, int) { return Spiral(i, 0.01 * r.Number(1.0)); }},
-    {"spiral far from the origin", [](Random&, int i, int) {
+    {"spiral far from the origin",
+     [](Random&, int i, int) {
          const T_POINT3D p = Spiral(i, 0.0);
          return T_POINT3D{p.x + 3e4, p.y - 7e4, 2e5};
      }},
-    {"helix", [](Random&, int i, int) { return T_POINT3D{std::cos(i * 0.3), std::sin(i * 0.3), i * 1e-3}; }},
+    {"helix",
+     [](Random&, int i, int) {
+         return T_POINT3D{std::cos(i * 0.3), std::sin(i * 0.3), i * 1e-3};
+     }},
     {"zig-zag of long strokes", [](Random&, int i, int n) { return ZigZag(i, n); }},
     {"slanted zig-zag", [](Random&, int i, int n) { return Turned(ZigZag(i, n), 0.7); }},
-    {"slanted zig-zag in space", [](Random&, int i, int n) {
+    {"slanted zig-zag in space",
+     [](Random&, int i, int n) {
          const T_POINT3D p = Turned(ZigZag(i, n), 0.7);
          return Turned({p.y, i * 0.01, p.x}, 0.3);
      }},
-    {"chords of a square", [](Random& r, int, int) { return T_POINT3D{r.Number(), r.Number(), 0.0}; }},
-    {"chords of a cube", [](Random& r, int, int) { return T_POINT3D{r.Number(), r.Number(), r.Number()}; }},
-    {"lattice walk", [](Random& r, int i, int) {
-         return T_POINT3D{i + std::floor(r.Number(2.0)), std::floor(r.Number(2.0)), std::floor(r.Number(2.0))};
+    {"chords of a square",
+     [](Random& r, int, int) {
+         return T_POINT3D{r.Number(), r.Number(), 0.0};
      }},
-    {"straight line", [](Random&, int i, int) { return T_POINT3D{0.1 * i, 0.3 * i, 0.7 * i}; }},
-    {"all in one place", [](Random& r, int, int) { return T_POINT3D{r.Number(1e-11), r.Number(1e-11), 1.0}; }},
-    {"tiny", [](Random&, int i, int) {
+    {"chords of a cube",
+     [](Random& r, int, int) {
+         return T_POINT3D{r.Number(), r.Number(), r.Number()};
+     }},
+    {"lattice walk",
+     [](Random& r, int i, int) {
+         return T_POINT3D{i + std::floor(r.Number(2.0)), std::floor(r.Number(2.0)),
+                          std::floor(r.Number(2.0))};
+     }},
+    {"straight line",
+     [](Random&, int i, int) {
+         return T_POINT3D{0.1 * i, 0.3 * i, 0.7 * i};
+     }},
+    {"all in one place",
+     [](Random& r, int, int) {
+         return T_POINT3D{r.Number(1e-11), r.Number(1e-11), 1.0};
+     }},
+    {"tiny",
+     [](Random&, int i, int) {
          const T_POINT3D p = Spiral(i, 0.0);
          return T_POINT3D{p.x * 1e-9, p.y * 1e-9, 0.0};
      }},
-    {"huge", [](Random&, int i, int) {
+    {"huge",
+     [](Random&, int i, int) {
          const T_POINT3D p = Spiral(i, 0.0);
          return T_POINT3D{p.x * 1e120, p.y * 1e120, 0.0};
      }},
