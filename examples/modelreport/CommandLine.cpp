@@ -1,12 +1,15 @@
 #include "CommandLine.h"
 
+#include "Fields.h"
+
 const char kUsage[] =
-    "usage: modelreport [-o DIR] [--select LIST] [--quiet] MODEL.inp\n"
+    "usage: modelreport [-o DIR] [--select LIST] [--cut A B C D] [--quiet] MODEL.inp\n"
     "\n"
     "Reads a finite-element model, prints what it consists of and writes DIR/MODEL.xlsx.\n"
     "\n"
     "  -o DIR         folder of the report, made if it is missing (default: the current one)\n"
     "  --select LIST  report on these elements only, as in \"1to100by2, 205 300to310\"\n"
+    "  --cut A B C D  list the elements that the plane Ax + By + Cz + D = 0 cuts\n"
     "  --quiet        print nothing but problems\n"
     "  --help         show this text\n"
     "\n"
@@ -17,13 +20,16 @@ namespace {
 struct Switch {
     LPCSTR name;
     CString Options::*text; // that takes the next argument, or null
-    bool Options::*flag;    // that it sets
+    Plane Options::*plane;  // that takes the next four, or null
+    bool Options::*flag;    // that it sets, or null
+
+    int Values() const { return text ? 1 : plane ? 4 : 0; }
 };
 
 constexpr Switch kSwitches[] = {
-    {"-o", &Options::folder, nullptr},     {"--select", &Options::selection, nullptr},
-    {"--quiet", nullptr, &Options::quiet}, {"--help", nullptr, &Options::help},
-    {"-h", nullptr, &Options::help},
+    {"-o", &Options::folder, nullptr, nullptr},         {"--select", &Options::selection, nullptr, nullptr},
+    {"--cut", nullptr, &Options::plane, &Options::cut}, {"--quiet", nullptr, nullptr, &Options::quiet},
+    {"--help", nullptr, nullptr, &Options::help},       {"-h", nullptr, nullptr, &Options::help},
 };
 
 const Switch* FindSwitch(const CString& argument)
@@ -45,16 +51,48 @@ bool TakeModel(const CString& argument, Options& options, CString& problem)
     return problem.IsEmpty();
 }
 
-// `value` is the argument behind the switch, null when there is none.
-bool TakeSwitch(const Switch& known, const char* value, Options& options, CString& problem)
+CString NameOf(const Switch& known)
 {
-    if (known.flag)
-        options.*known.flag = true;
-    else if (!value || !*value)
-        problem = CString(known.name) + " needs a value";
+    return known.name;
+}
+
+bool TakeText(const Switch& known, const char* value, Options& options, CString& problem)
+{
+    if (!value || !*value)
+        problem = NameOf(known) + " needs a value";
     else
         options.*known.text = value;
     return problem.IsEmpty();
+}
+
+bool TakePlane(const Switch& known, const char* const* values, Options& options, CString& problem)
+{
+    Plane& plane = options.*known.plane;
+    double* const coefficients[] = {&plane.a, &plane.b, &plane.c, &plane.d};
+    for (double* coefficient : coefficients) {
+        if (!*values) {
+            problem = NameOf(known) + " needs four numbers A B C D";
+            return false;
+        }
+        const CString text(*values++);
+        if (text.IsEmpty() || !ParseNumber(text, *coefficient)) {
+            problem = NameOf(known) + ": '" + text + "' is not a number";
+            return false;
+        }
+    }
+    if (!plane.IsPlane())
+        problem = NameOf(known) + ": A, B and C are the normal of no plane";
+    return problem.IsEmpty();
+}
+
+// `values` are the arguments behind the switch, a null at their end.
+bool TakeSwitch(const Switch& known, const char* const* values, Options& options, CString& problem)
+{
+    if (known.flag)
+        options.*known.flag = true;
+    if (known.text)
+        return TakeText(known, *values, options, problem);
+    return !known.plane || TakePlane(known, values, options, problem);
 }
 
 } // namespace
@@ -70,11 +108,11 @@ bool ParseCommandLine(int argc, char** argv, Options& options, CString& problem)
             switches = false;
         else if (isSwitch && !known)
             problem = "unknown option " + argument;
-        else if (known && !TakeSwitch(*known, known->text ? argv[i + 1] : nullptr, options, problem))
+        else if (known && !TakeSwitch(*known, argv + i + 1, options, problem))
             return false;
         else if (!known && !TakeModel(argument, options, problem))
             return false;
-        i += known && known->text ? 1 : 0;
+        i += known ? known->Values() : 0;
     }
     if (problem.IsEmpty() && !options.help && options.model.IsEmpty())
         problem = "no model is named";

@@ -1,12 +1,14 @@
-// What the user asks for: modelreport [-o DIR] [--select LIST] [--quiet] MODEL.inp
+// What the user asks for: modelreport [-o DIR] [--select LIST] [--cut A B C D] [--quiet] MODEL.inp
 #pragma once
 
-#include <ZEK_lib.h>
+#include "PlaneCut.h"
 
 struct Options {
     CString model;
     CString folder;    // of the report; "": the current one
     CString selection; // "": all elements
+    Plane plane;       // of the section, when `cut` is set
+    bool cut = false;
     bool quiet = false;
     bool help = false;
 };

@@ -3,6 +3,7 @@
 #include <io.h>
 
 #include <cstdio>
+#include <initializer_list>
 
 namespace {
 
@@ -31,12 +32,27 @@ void PrintTypes(const CModelView& view)
     }
 }
 
-void PrintBounds(const CModelView& view)
+void PrintValues(CString line, const double* values, int count, std::initializer_list<double> more = {})
 {
-    CString line("bounds:");
-    for (int i = 0; i < 6; ++i)
-        line += " " + NumberText(view.Bounds()[i]);
+    line += ":";
+    for (int i = 0; i < count; ++i)
+        line += " " + NumberText(values[i]);
+    for (const double value : more)
+        line += " " + NumberText(value);
     PrintLine(line);
+}
+
+void PrintCentroids(const CModelView& view)
+{
+    for (const MeasureKind kind : {kVolume, kArea, kLength})
+        if (const double* centroid = view.Centroid(kind))
+            PrintValues(CString("centroid of ") + MeasureName(kind), centroid, 3);
+}
+
+void PrintSolids(const BoundingSolids& solids)
+{
+    PrintValues("bounding sphere", solids.middle, 3, {solids.sphereRadius});
+    PrintValues("bounding cylinder", solids.middle, 3, {solids.cylinderRadius, solids.extent[2]});
 }
 
 } // namespace
@@ -66,7 +82,19 @@ void PrintModel(const CModelView& view)
     PrintTypes(view);
     for (const MeasureKind kind : {kVolume, kArea, kLength})
         PrintLine(CString(MeasureName(kind)) + ": " + NumberText(view.Totals().sums[kind]));
-    PrintBounds(view);
+    PrintCentroids(view);
+    PrintValues("bounds", view.Bounds(), 6);
+    PrintSolids(view.Solids());
+    std::fflush(stdout);
+}
+
+void PrintCut(const CModelView& view, const CPlaneCut& cut)
+{
+    CArray<UINT, UINT> numbers;
+    cut.Numbers(view, true, numbers);
+    PrintNumbers("cut", numbers);
+    cut.Numbers(view, false, numbers);
+    PrintNumbers("touched", numbers);
     std::fflush(stdout);
 }
 

@@ -1,7 +1,7 @@
 // What the program prints.
 #pragma once
 
-#include "ModelView.h"
+#include "PlaneCut.h"
 
 // `value` with 9 significant digits; 0 has no sign.
 CString NumberText(double value);
@@ -11,6 +11,8 @@ CString Counted(int count, LPCSTR thing);
 
 // The model's lines on standard output, all but the report's own.
 void PrintModel(const CModelView& view);
+// The elements that the plane meets.
+void PrintCut(const CModelView& view, const CPlaneCut& cut);
 void PrintReport(const CString& path);
 
 // "modelreport: TEXT" on standard error.

@@ -3,59 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-
-constexpr int kMostCorners = 8;
-
-using Corners = double[kMostCorners][3];
-
-void CornersOf(const CModel& model, const ElementRecord& element, const ElementShape& shape, Corners& corners)
-{
-    for (int i = 0; i < shape.corners; ++i) {
-        const NodeRecord* node = model.FindNode(model.NodeOf(element, i * shape.cornerStep));
-        std::copy(node->at, node->at + 3, corners[i]);
-    }
-}
-
-double SurfaceArea(Corners& corners, int count)
-{
-    double area = CMathFunc::mathArea(corners[0], corners[1], corners[2]);
-    if (count == 4)
-        area += CMathFunc::mathArea(corners[0], corners[2], corners[3]);
-    return area;
-}
-
-double LineLength(const Corners& corners)
-{
-    return std::hypot(corners[1][0] - corners[0][0], corners[1][1] - corners[0][1],
-                      corners[1][2] - corners[0][2]);
-}
-
-} // namespace
-
-double MeasureOf(const CModel& model, const ElementRecord& element)
-{
-    const ElementShape& shape = model.types[element.type].shape;
-    Corners corners;
-    CornersOf(model, element, shape, corners);
-    switch (shape.measure) {
-    case kVolume:
-        return std::fabs(CMathFunc::mathVolume(shape.corners, corners));
-    case kArea:
-        return SurfaceArea(corners, shape.corners);
-    case kLength:
-        return LineLength(corners);
-    default:
-        return 0;
-    }
-}
-
 CModelView::CModelView(const CModel& model) : m_model(model)
 {
     m_chosen.SetSize(model.elements.GetSize());
     for (int i = 0; i < m_chosen.GetSize(); ++i)
         m_chosen[i] = i;
     FindBounds();
+    FindSolids();
     Measure();
     Group();
 }
@@ -82,11 +36,26 @@ bool CModelView::Select(const CString& selection)
 void CModelView::Measure()
 {
     m_totals = {};
+    double moments[4][3] = {};
     m_measures.SetSize(m_chosen.GetSize());
     for (int i = 0; i < m_chosen.GetSize(); ++i) {
-        m_measures[i] = MeasureOf(m_model, Element(i));
-        m_totals.sums[TypeOf(i).shape.measure] += m_measures[i];
+        const MeasureKind kind = TypeOf(i).shape.measure;
+        const ElementMeasure measure = MeasureOf(m_model, Element(i));
+        m_measures[i] = measure.size;
+        m_totals.sums[kind] += measure.size;
+        for (int axis = 0; axis < 3; ++axis)
+            moments[kind][axis] += measure.size * measure.centre[axis];
     }
+    for (const MeasureKind kind : {kVolume, kArea, kLength})
+        for (int axis = 0; axis < 3; ++axis)
+            m_centroids[kind][axis] = Centroid(moments[kind][axis], m_totals.sums[kind]);
+}
+
+double CModelView::Centroid(double moment, double measure) const
+{
+    constexpr double kNoise = 1e-12; // of the model's size, where the true value is 0
+    const double at = measure > 0 ? moment / measure : 0;
+    return std::fabs(at) < kNoise * m_solids.sphereRadius ? 0 : at;
 }
 
 void CModelView::Group()
@@ -130,6 +99,22 @@ void CModelView::FindBounds()
             low = i == 0 ? value : std::min(low, value);
             high = i == 0 ? value : std::max(high, value);
         }
+}
+
+void CModelView::FindSolids()
+{
+    for (int axis = 0; axis < 3; ++axis) {
+        m_solids.extent[axis] = m_bounds[axis + 3] - m_bounds[axis];
+        m_solids.middle[axis] = m_bounds[axis] + m_solids.extent[axis] / 2;
+    }
+    const double* const middle = m_solids.middle;
+    for (int i = 0; i < m_model.nodes.GetSize(); ++i) {
+        const double* const at = m_model.nodes[i].at;
+        m_solids.sphereRadius =
+            std::max(m_solids.sphereRadius, std::sqrt(CMathFunc::PointSquareDistance(middle, at)));
+        m_solids.cylinderRadius =
+            std::max(m_solids.cylinderRadius, CMathFunc::mathLength(middle[0], middle[1], at[0], at[1]));
+    }
 }
 
 void CModelView::ElementNumbers(CArray<UINT, UINT>& numbers) const

@@ -1,7 +1,7 @@
 // What a report is about: a model, or a selection of its elements, measured.
 #pragma once
 
-#include "Model.h"
+#include "ElementMeasure.h"
 
 // Sums over elements, by kind of measure: sums[kVolume], sums[kArea], sums[kLength].
 struct MeasureSums {
@@ -16,9 +16,21 @@ struct ElementGroup {
     double sum = 0; // of the type's measure
 };
 
-// The measure of an element by its corner nodes: the magnitude of a solid's volume, the area of a surface as
-// triangles 1-2-3 and 1-3-4, the distance of a line's ends. 0 for other types.
-double MeasureOf(const CModel& model, const ElementRecord& element);
+// Solids round all nodes, each about the middle of the box along the axes: that box, a sphere, and a cylinder
+// along Z as high as the box. The round ones are the least about that middle, not the least of all.
+struct BoundingSolids {
+    double middle[3] = {0, 0, 0};
+    double extent[3] = {0, 0, 0}; // of the box
+    double sphereRadius = 0;
+    double cylinderRadius = 0;
+
+    double BoxVolume() const { return extent[0] * extent[1] * extent[2]; }
+    double SphereVolume() const
+    {
+        return 4.0 / 3.0 * CMathFunc::m_pi * sphereRadius * sphereRadius * sphereRadius;
+    }
+    double CylinderVolume() const { return CMathFunc::m_pi * cylinderRadius * cylinderRadius * extent[2]; }
+};
 
 // A model and those of its elements that are chosen; at first all of them. The model must stay as it is while
 // the view lives.
@@ -40,6 +52,11 @@ public:
     double Measure(int index) const { return m_measures[index]; }
 
     const MeasureSums& Totals() const { return m_totals; }
+    // The centroid of all that is measured so, weighted by measure; null when there is nothing.
+    const double* Centroid(MeasureKind kind) const
+    {
+        return m_totals.sums[kind] > 0 ? m_centroids[kind] : nullptr;
+    }
     // Types of chosen elements in alphabetic order, as indices into Model().types.
     const CArray<int, int>& Types() const { return m_types; }
     // Groups of chosen elements: by type in alphabetic order, then by section in the order of the deck.
@@ -47,6 +64,7 @@ public:
 
     // Lowest x, y, z and highest x, y, z of all nodes; zeros for a model without nodes.
     const double* Bounds() const { return m_bounds; }
+    const BoundingSolids& Solids() const { return m_solids; }
 
     void NodeNumbers(CArray<UINT, UINT>& numbers) const { NumbersOf(m_model.nodes, numbers); }
     void ElementNumbers(CArray<UINT, UINT>& numbers) const;
@@ -54,9 +72,11 @@ public:
 
 private:
     void Measure();
+    double Centroid(double moment, double measure) const;
     void Group();
     void SortGroups();
     void FindBounds();
+    void FindSolids();
 
     const CModel& m_model;
     CString m_selection;
@@ -65,6 +85,8 @@ private:
     CArray<int, int> m_types;
     CArray<ElementGroup, const ElementGroup&> m_groups;
     MeasureSums m_totals;
+    double m_centroids[4][3] = {};
+    BoundingSolids m_solids;
     double m_bounds[6] = {0, 0, 0, 0, 0, 0};
 };
 

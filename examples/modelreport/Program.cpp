@@ -10,6 +10,7 @@
 #include <afxwin.h>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -29,10 +30,10 @@ bool ReadModel(const CString& path, CModel& model)
     }
 }
 
-int Report(const CModelView& view, const Options& options)
+int Report(const CModelView& view, const CPlaneCut* cut, const Options& options)
 {
     CString file, problem;
-    if (!WriteReport(view, options.folder, options.quiet, file, problem)) {
+    if (!WriteReport(view, cut, options.folder, options.quiet, file, problem)) {
         PrintProblem(problem);
         return kNoReport;
     }
@@ -51,9 +52,14 @@ int Run(const Options& options)
         PrintProblem("--select: '" + options.selection + "' is no list of numbers");
         return kWrongUsage;
     }
+    std::optional<CPlaneCut> cut;
+    if (options.cut)
+        cut.emplace(view, options.plane);
     if (!options.quiet)
         PrintModel(view);
-    return Report(view, options);
+    if (cut && !options.quiet)
+        PrintCut(view, *cut);
+    return Report(view, cut ? &*cut : nullptr, options);
 }
 
 // Says on the console what the library would say in a box, which nobody may be there to close.

@@ -8,10 +8,12 @@
 
 namespace {
 
-void FillBook(CReportBook& book, const CModelView& view, bool quiet)
+void FillBook(CReportBook& book, const CModelView& view, const CPlaneCut* cut, bool quiet)
 {
     book.Begin();
-    WriteSummarySheet(book, view);
+    WriteSummarySheet(book, view, cut);
+    if (cut)
+        WriteCutSheet(book, view, *cut, quiet);
     WriteNodesSheet(book, view, quiet);
     WriteElementsSheet(book, view, quiet);
     WriteSetsSheet(book, view, quiet);
@@ -34,7 +36,7 @@ CString TypedPath(const CString& file, const CString& stored)
     return sameFolder ? FolderPart(file) + NamePart(stored) : stored;
 }
 
-bool FillAndStore(const CModelView& view, bool quiet, CString& file, CString& problem)
+bool FillAndStore(const CModelView& view, const CPlaneCut* cut, bool quiet, CString& file, CString& problem)
 {
     CReportBook book;
     if (!book.IsExcel()) {
@@ -42,7 +44,7 @@ bool FillAndStore(const CModelView& view, bool quiet, CString& file, CString& pr
         return false;
     }
     try {
-        FillBook(book, view, quiet);
+        FillBook(book, view, cut, quiet);
     } catch (CException* e) {
         problem = "the office server refuses: " + MessageOf(e);
         return false;
@@ -56,7 +58,8 @@ bool FillAndStore(const CModelView& view, bool quiet, CString& file, CString& pr
 
 } // namespace
 
-bool WriteReport(const CModelView& view, const CString& folder, bool quiet, CString& file, CString& problem)
+bool WriteReport(const CModelView& view, const CPlaneCut* cut, const CString& folder, bool quiet,
+                 CString& file, CString& problem)
 {
     if (!CReportBook::IsServerInstalled()) {
         problem = "no office server is installed that answers to Excel.Application";
@@ -69,7 +72,7 @@ bool WriteReport(const CModelView& view, const CString& folder, bool quiet, CStr
     }
     file = Joined(folder, view.Model().name + ".xlsx");
     const CString asked = file;
-    if (!FillAndStore(view, quiet, file, problem)) {
+    if (!FillAndStore(view, cut, quiet, file, problem)) {
         problem = asked + ": " + problem;
         return false;
     }

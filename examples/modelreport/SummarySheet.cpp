@@ -1,54 +1,15 @@
 #include "ReportSheets.h"
 
+#include "CountedTable.h"
 #include "NumberFormat.h"
 #include "Remarks.h"
-#include "ReportTable.h"
-#include "TextLines.h"
+#include "SummaryGeometry.h"
 
 namespace {
 
 constexpr double kWidths[] = {16, 26, 20, 13, 13, 22};
 constexpr int kColumns = 6;
 constexpr double kRangesWidth = kWidths[3] + kWidths[4] + kWidths[5];
-
-// ---- tables of counted things
-
-struct CountedRow {
-    CString item; // "": the text of the row above goes on
-    int count;
-    CString text;
-};
-
-using CountedRows = CArray<CountedRow, const CountedRow&>;
-
-// One row, or several when the text does not fit in one.
-void AddRow(CountedRows& rows, const CString& item, int count, const CString& text)
-{
-    CStringArray pieces;
-    SplitForRows(text, kRangesWidth, pieces);
-    for (int i = 0; i < pieces.GetSize(); ++i)
-        rows.Add({i == 0 ? item : CString(), count, pieces[i]});
-}
-
-void AddRow(CountedRows& rows, const CString& item, CArray<UINT, UINT>& numbers)
-{
-    AddRow(rows, item, numbers.GetSize(), Ranges(numbers));
-}
-
-void WriteRows(CReportTable& table, const CountedRows& rows)
-{
-    table.Headings();
-    table.Begin(rows.GetSize());
-    table.SetNumberFormat(1, "0");
-    for (int i = 0; i < rows.GetSize(); ++i) {
-        table.Text(0, rows[i].item);
-        if (!rows[i].item.IsEmpty())
-            table.Number(1, rows[i].count);
-        table.Text(2, rows[i].text);
-        table.NextRow();
-    }
-    table.End();
-}
 
 // ---- the model
 
@@ -79,17 +40,17 @@ void GatherModel(const CModelView& view, CountedRows& rows)
     const CModel& model = view.Model();
     CArray<UINT, UINT> numbers;
     view.NodeNumbers(numbers);
-    AddRow(rows, "Nodes", numbers);
+    AddCounted(rows, "Nodes", numbers, kRangesWidth);
     NumbersOf(model.elements, numbers);
-    AddRow(rows, "Elements", numbers);
+    AddCounted(rows, "Elements", numbers, kRangesWidth);
     if (!view.Selection().IsEmpty()) {
         view.ElementNumbers(numbers);
-        AddRow(rows, "Selected elements", numbers);
+        AddCounted(rows, "Selected elements", numbers, kRangesWidth);
     }
-    AddRow(rows, "Node sets", CountSets(model, kNodeSet), "");
-    AddRow(rows, "Element sets", CountSets(model, kElementSet), "");
-    AddRow(rows, "Sections", model.sections.GetSize(), "");
-    AddRow(rows, "Materials", model.materials.GetSize(), MaterialNames(model));
+    AddCounted(rows, "Node sets", CountSets(model, kNodeSet), "", kRangesWidth);
+    AddCounted(rows, "Element sets", CountSets(model, kElementSet), "", kRangesWidth);
+    AddCounted(rows, "Sections", model.sections.GetSize(), "", kRangesWidth);
+    AddCounted(rows, "Materials", model.materials.GetSize(), MaterialNames(model), kRangesWidth);
 }
 
 void WriteModel(CReportSheet& sheet, const CModelView& view)
@@ -98,7 +59,7 @@ void WriteModel(CReportSheet& sheet, const CModelView& view)
     GatherModel(view, rows);
     sheet.SectionTitle("Model");
     CReportTable table(sheet, kModelFields, 3);
-    WriteRows(table, rows);
+    WriteCounted(table, rows);
 }
 
 // ---- measures
@@ -147,41 +108,6 @@ void WriteMeasures(CReportSheet& sheet, const CModelView& view)
     table.End();
 }
 
-// ---- bounds
-
-constexpr Field kBoundsFields[] = {
-    {"Bounds", 0, 0, kTextField},
-    {"X", 1, 1, kNumberField},
-    {"Y", 2, 2, kNumberField},
-    {"Z", 3, 4, kNumberField},
-};
-
-// Lowest, highest and extent along an axis.
-void WriteBound(CReportTable& table, const double* bounds, int row, int axis)
-{
-    const double values[] = {bounds[axis], bounds[axis + 3], bounds[axis + 3] - bounds[axis]};
-    CMagnitudes magnitudes;
-    for (const double value : values)
-        magnitudes.Add(value);
-    table.FormattedNumber(axis + 1, values[row], magnitudes.Format());
-}
-
-void WriteBounds(CReportSheet& sheet, const CModelView& view)
-{
-    constexpr LPCSTR kTitles[] = {"Lowest", "Highest", "Extent"};
-    sheet.SectionTitle("Bounds of all nodes");
-    CReportTable table(sheet, kBoundsFields, 4);
-    table.Headings();
-    table.Begin(3);
-    for (int row = 0; row < 3; ++row) {
-        table.Text(0, kTitles[row]);
-        for (int axis = 0; axis < 3; ++axis)
-            WriteBound(table, view.Bounds(), row, axis);
-        table.NextRow();
-    }
-    table.End();
-}
-
 // ---- element types
 
 constexpr Field kTypeFields[] = {
@@ -196,11 +122,11 @@ void WriteTypes(CReportSheet& sheet, const CModelView& view)
     CArray<UINT, UINT> numbers;
     for (int i = 0; i < view.Types().GetSize(); ++i) {
         view.NumbersOfType(view.Types()[i], numbers);
-        AddRow(rows, view.Model().types[view.Types()[i]].name, numbers);
+        AddCounted(rows, view.Model().types[view.Types()[i]].name, numbers, kRangesWidth);
     }
     sheet.SectionTitle("Element types");
     CReportTable table(sheet, kTypeFields, 3);
-    WriteRows(table, rows);
+    WriteCounted(table, rows);
 }
 
 constexpr Field kGroupFields[] = {
@@ -236,6 +162,23 @@ void WriteGroups(CReportSheet& sheet, const CModelView& view)
     table.End();
 }
 
+// ---- the section plane
+
+void WriteCut(CReportSheet& sheet, const CModelView& view, const CPlaneCut& cut)
+{
+    constexpr Field kFields[] = {
+        {"Elements", 0, 1, kTextField}, {"Count", 2, 2, kNumberField}, {"Ranges", 3, 5, kTextField}};
+    CountedRows rows;
+    CArray<UINT, UINT> numbers;
+    cut.Numbers(view, true, numbers);
+    AddCounted(rows, "Cut by the plane", numbers, kRangesWidth);
+    cut.Numbers(view, false, numbers);
+    AddCounted(rows, "Touched only", numbers, kRangesWidth);
+    sheet.SectionTitle("Section plane " + PlaneText(cut.SectionPlane()));
+    CReportTable table(sheet, kFields, 3);
+    WriteCounted(table, rows);
+}
+
 // ---- remarks
 
 void WriteRemarks(CReportSheet& sheet, const CModelView& view)
@@ -251,7 +194,7 @@ void WriteRemarks(CReportSheet& sheet, const CModelView& view)
 
 } // namespace
 
-void WriteSummarySheet(CReportBook& book, const CModelView& view)
+void WriteSummarySheet(CReportBook& book, const CModelView& view, const CPlaneCut* cut)
 {
     book.AddReportSheet("Summary", xlPortrait, view.Model().name);
     CReportSheet sheet(book, kWidths, kColumns);
@@ -259,7 +202,11 @@ void WriteSummarySheet(CReportBook& book, const CModelView& view)
     sheet.Subtitle(view.Model().heading);
     WriteModel(sheet, view);
     WriteMeasures(sheet, view);
+    WriteCentroids(sheet, view);
     WriteBounds(sheet, view);
+    WriteBoundingSolids(sheet, view);
+    if (cut)
+        WriteCut(sheet, view, *cut);
     WriteGroups(sheet, view);
     WriteTypes(sheet, view);
     WriteRemarks(sheet, view);

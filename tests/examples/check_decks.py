@@ -20,6 +20,8 @@ from modelreport_run import Run, expand
 
 RELATIVE = 1e-9
 PRINTED = 5e-9  # a value of 9 printed digits is that close to the one it stands for
+SOLID = 2e-6  # the quadrature of solids has constants of seven digits
+CENTROID = 1e-5  # of the diagonal: faces whose corners are not in a plane are filled in either of two ways
 
 
 def unpack(folder, names, target):
@@ -57,6 +59,56 @@ def compare_output(run, totals):
     bounds = [float(text) for text in run.value("bounds").split()]
     if len(bounds) != 6 or not all(map(lambda a, b: near(a, b, PRINTED), bounds, totals["bounds"])):
         yield f"bounds {bounds}, counted {totals['bounds']}"
+
+
+def compare_geometry(run, model):
+    """Yields where centroids and bounding solids differ from their count."""
+    middle, sphere, cylinder = model.solids()
+    bounds = model.totals()["bounds"]
+    diagonal = math.dist(bounds[:3], bounds[3:])
+
+    def differs(title, wanted, tolerance):
+        values = [float(text) for text in run.value(title).split()]
+        close = len(values) == len(wanted) and all(abs(a - b) <= tolerance * diagonal + PRINTED * abs(b)
+                                                   for a, b in zip(values, wanted))
+        return [] if close else [f"{title} {values}, counted {wanted}"]
+
+    yield from differs("bounding sphere", middle + [sphere], RELATIVE)
+    yield from differs("bounding cylinder", middle + [cylinder, bounds[5] - bounds[2]], RELATIVE)
+    for what in ("volume", "area", "length"):
+        centroid = model.centroid(what)
+        if centroid:
+            yield from differs("centroid of " + what, centroid, CENTROID)
+        elif any(title == "centroid of " + what for title, _ in run.lines):
+            yield f"centroid of {what}, counted none"
+
+
+def compare_volumes(model):
+    """Yields the solids whose volume by the documented quadrature is not that of the solid itself."""
+    for ident, (kind, nodes) in model.elements.items():
+        what, _, corners = count_model.classify(kind)
+        if what == "volume":
+            exact = count_model.exact_volume([model.nodes[nodes[corner]] for corner in corners])
+            if not near(model.measure(ident)[1], exact, SOLID):
+                yield f"volume of element {ident}: {model.measure(ident)[1]}, exactly {exact}"
+
+
+def plane_through(model):
+    """A slanted plane through the middle of the model."""
+    middle, radius, _ = model.solids()
+    normal = [1.0, 0.5, -0.25]
+    return normal + [-sum(a * b for a, b in zip(normal, middle))], 2e-9 * radius
+
+
+def compare_cut(run, book, model):
+    cut, touched = model.cut(*plane_through(model))
+    if run.numbers("cut") != cut or run.numbers("touched") != touched:
+        yield "cut or touched differs"
+    listed = {"cuts": [], "touches": []}
+    for row in rows_of(book, "Cut", "Element"):
+        listed[row[3]].append(row[0])
+    if listed != {"cuts": cut, "touches": touched}:
+        yield "sheet Cut differs"
 
 
 def rows_of(book, sheet, heading):
@@ -106,14 +158,16 @@ def compare_sets(book, model):
 
 def check(program, deck, folder):
     """Yields what is wrong with the report on one deck."""
-    run = Run(program, "-o", folder, deck)
+    model = count_model.Model(deck)
+    run = Run(program, "-o", folder, "--cut", *map(repr, plane_through(model)[0]), deck)
     if run.code != 0:
         yield f"exit code {run.code}: {run.errors}"
         return
     if run.errors:
         yield f"unexpected words: {run.errors}"
-    model = count_model.Model(deck)
     yield from compare_output(run, model.totals())
+    yield from compare_geometry(run, model)
+    yield from compare_volumes(model)
     name = os.path.basename(deck).removesuffix(".inp")
     if run.value("model") != name or run.value("report") != os.path.join(folder, name + ".xlsx"):
         yield "model or report line"
@@ -121,6 +175,7 @@ def check(program, deck, folder):
     yield from compare_nodes(book, model)
     yield from compare_elements(book, model)
     yield from compare_sets(book, model)
+    yield from compare_cut(run, book, model)
     book.close()
     os.remove(run.value("report"))
 

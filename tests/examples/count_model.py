@@ -139,6 +139,38 @@ class Model:
             return what, math.dist(points[0], points[1])
         return None, None
 
+    def centroid(self, what):
+        """Of all elements with that measure, weighted by it; None when there is nothing."""
+        parts = []
+        for kind, nodes in self.elements.values():
+            measure, _, corners = classify(kind)
+            if measure == what:
+                parts += CENTRES[what]([self.nodes[nodes[corner]] for corner in corners])
+        size = math.fsum(part for part, _ in parts)
+        if not size > 0:
+            return None
+        return [math.fsum(part * centre[axis] for part, centre in parts) / size for axis in range(3)]
+
+    def solids(self):
+        """Middle of the box, radius of the sphere, radius of the cylinder along Z."""
+        axes = list(zip(*self.nodes.values())) or [(0.0,)] * 3
+        middle = [(min(axis) + max(axis)) / 2 for axis in axes]
+        return (middle, max((math.dist(middle, node) for node in self.nodes.values()), default=0.0),
+                max((math.dist(middle[:2], node[:2]) for node in self.nodes.values()), default=0.0))
+
+    def cut(self, plane, tolerance):
+        """The elements that the plane cuts, and those that it only touches."""
+        length = math.sqrt(dot(plane, plane[:3]))
+        cut, touched = [], []
+        for ident, (_, nodes) in sorted(self.elements.items()):
+            far = [(dot(plane, self.nodes[node]) + plane[3]) / length for node in nodes if node]
+            above, below = any(d > tolerance for d in far), any(d < -tolerance for d in far)
+            if above and below:
+                cut.append(ident)
+            elif far and not (all(d > tolerance for d in far) or all(d < -tolerance for d in far)):
+                touched.append(ident)
+        return cut, touched
+
     def totals(self):
         types, sums = {}, {"volume": [], "area": [], "length": []}
         for ident, (kind, _) in self.elements.items():
@@ -198,6 +230,41 @@ def wedge(p):
                 (low, 0, -one / 2), (0, low, -two / 2), (-low, -low, -rest / 2),
                 (high, 0, one / 2), (0, high, two / 2), (-high, -high, rest / 2)])
     return total
+
+
+def hexahedron_parts(p):
+    """Volumes round the points of an exact quadrature of volume and moment, and where they are."""
+    corners = [(-1, -1, -1), (1, -1, -1), (1, 1, -1), (-1, 1, -1), (-1, -1, 1), (1, -1, 1), (1, 1, 1), (-1, 1, 1)]
+    for point in [(i, j, k) for i in (-1, 1) for j in (-1, 1) for k in (-1, 1)]:
+        x, y, z = (value / math.sqrt(3) for value in point)
+        shape = [(1 + a * x) * (1 + b * y) * (1 + c * z) / 8 for a, b, c in corners]
+        volume = jacobian(p, [(a * (1 + b * y) * (1 + c * z) / 8, b * (1 + a * x) * (1 + c * z) / 8,
+                               c * (1 + a * x) * (1 + b * y) / 8) for a, b, c in corners])
+        yield volume, [sum(n * q[axis] for n, q in zip(shape, p)) for axis in range(3)]
+
+
+def solid_parts(p):
+    """A solid as a hexahedron some of whose corners fall together, with a positive volume."""
+    as_hexahedron = {4: (0, 1, 2, 2, 3, 3, 3, 3), 6: (0, 1, 2, 2, 3, 4, 5, 5), 8: range(8)}[len(p)]
+    parts = list(hexahedron_parts([p[i] for i in as_hexahedron]))
+    sign = math.copysign(1, math.fsum(volume for volume, _ in parts))
+    return [(sign * volume, centre) for volume, centre in parts]
+
+
+def exact_volume(p):
+    return math.fsum(volume for volume, _ in solid_parts(p))
+
+
+def middle(points):
+    return [sum(axis) / len(points) for axis in zip(*points)]
+
+
+CENTRES = {
+    "volume": solid_parts,
+    "area": lambda p: [(triangle(p[0], p[i], p[i + 1]), middle([p[0], p[i], p[i + 1]]))
+                       for i in range(1, len(p) - 1)],
+    "length": lambda p: [(math.dist(p[0], p[1]), middle(p))],
+}
 
 
 if __name__ == "__main__":

@@ -87,6 +87,30 @@ class Output(InScratch):
         self.assertIn("Selected elements", texts)
         self.assertIn("2 4 101", texts)
 
+    def test_section_plane(self):
+        run = self.run_deck("frame.inp", "--cut", "0", "0", "-2", "10")
+        self.assertEqual((run.code, run.errors), (0, ""))
+        self.assertEqual((run.numbers("cut"), run.numbers("touched")), ([1, 2, 3, 4], []))
+        book = openpyxl.load_workbook(self.path("frame.xlsx"))
+        self.assertEqual(book.sheetnames, ["Summary", "Cut", "Nodes", "Elements", "Sets"])
+        rows = [list(row) for row in book["Cut"].iter_rows(min_row=4, values_only=True)]
+        self.assertEqual(rows, [["Element", "Type", "Section", "Plane", "From distance", "To distance"]] +
+                         [[number, "B31", "Beam Legs", "cuts", -4, 1] for number in (1, 2, 3, 4)])
+        self.assertEqual(book["Cut"]["A2"].value,
+                         "plane -2 z + 10 = 0; distances of an element's nodes from it, positive on the normal's side")
+        texts = [cell.value for row in book["Summary"].iter_rows() for cell in row]
+        self.assertIn("Section plane -2 z + 10 = 0", texts)
+
+    def test_section_plane_of_a_selection(self):
+        run = self.run_deck("frame.inp", "--cut", "0", "0", "1", "-4", "--select", "2 101 202")
+        self.assertEqual((run.code, run.errors), (0, ""))
+        self.assertEqual((run.numbers("cut"), run.numbers("touched")), ([], [2, 101]))
+
+    def test_section_plane_past_the_model(self):
+        run = self.run_deck("frame.inp", "--cut", "1", "0", "0", "100", "--quiet")
+        self.assertEqual((run.code, run.output, run.errors), (0, "", ""))
+        self.assertEqual(openpyxl.load_workbook(self.path("frame.xlsx"))["Cut"].max_row, 4)
+
     def test_quiet(self):
         run = self.run_deck("frame.inp", "--quiet")
         self.assertEqual((run.code, run.output, run.errors), (0, "", ""))
@@ -132,6 +156,9 @@ class WrongCalls(InScratch):
             ("unknown option", ["--fast", "a.inp"], 1, "--fast"),
             ("option without its value", ["a.inp", "-o"], 1, "-o"),
             ("selection", ["--select", "1-5", os.path.join(DECKS, "frame.inp")], 1, "1-5"),
+            ("plane of three numbers", [os.path.join(DECKS, "frame.inp"), "--cut", "1", "0", "0"], 1,
+             "--cut needs four numbers A B C D"),
+            ("plane without a direction", ["--cut", "0", "0", "0", "1", os.path.join(DECKS, "frame.inp")], 1, "normal"),
             ("missing model", ["none.inp"], 2, "none.inp:0: "),
             ("bad line", ["-o", "new", bad], 2, bad + ":3: 'x' is not a coordinate\n"),
         ]

@@ -152,6 +152,9 @@ TEST(GeomFunc, CountsCrossings)
     Polygon square, roof, none;
     Make(square, {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
     Make(roof, {{0, 0}, {8, 0}, {8, 3}, {6, 3}, {4, 1}, {2, 3}, {0, 3}}); // a notch down to (4, 1)
+    Polygon flat, lessFlat;
+    Make(flat, {{-5, -4e-4}, {5, 4e-4}, {0, 5}}); // an edge nearly along the X axis
+    Make(lessFlat, {{-5, -6e-4}, {5, 6e-4}, {0, 5}});
     const struct {
         const char* label;
         const Polygon* polygon;
@@ -170,6 +173,8 @@ TEST(GeomFunc, CountsCrossings)
         {"touching the notch", &roof, {-1, 1, 9, 1}, 4, 4},
         {"below the notch", &roof, {-1, 0.5, 9, 0.5}, 2, 2},
         {"above it", &roof, {-1, 2, 9, 2}, 4, 4},
+        {"across an edge nearly along it", &flat, {-10, 0, 10, 0}, 1, 1},
+        {"across an edge less along it", &lessFlat, {-10, 0, 10, 0}, 2, 2},
         {"without length", &square, {0, 1, 0, 1}, 0, 0},
     };
     for (const auto& row : rows) {
