@@ -1,6 +1,6 @@
 #include "BoxView.h"
 
-#include "BoxTree.h"
+#include "Box3.h"
 
 #include <algorithm>
 #include <array>
@@ -32,58 +32,48 @@ Vec3 See(const Axes& axes, const Vec3& p)
 }
 
 struct Survey {
-    Box3 box;
-    double widths[3] = {};
-    double longest = 0.0;
-    double segments = 0.0;
-
-    void Add(const Vec3& from, const Vec3& to)
+    explicit Survey(const std::vector<SegmentRuns>& lines)
     {
-        box.Include(from);
-        box.Include(to);
-        for (int axis = 0; axis < 3; ++axis)
-            widths[axis] += std::abs(to[axis] - from[axis]);
-        longest = std::max(longest, Reach(to - from));
-        segments += 1.0;
+        for (const SegmentRuns& runs : lines)
+            for (const Box3& each : runs.Boxes())
+                Add(each);
     }
 
-    // How many boxes a segment's box overlaps, were they spread evenly.
+    void Add(const Box3& each)
+    {
+        const Vec3 size = each.Size();
+        box.Include(each);
+        for (int axis = 0; axis < 3; ++axis)
+            widths[axis] += size[axis];
+        largest = std::max(largest, Reach(size));
+        boxes += 1.0;
+    }
+
+    // How many boxes a box overlaps, were they spread evenly.
     double Overlaps() const
     {
         double part = 1.0;
         for (int axis = 0; axis < 3; ++axis) {
             const double extent = box.high[axis] - box.low[axis];
             if (extent > 0.0)
-                part *= std::min(1.0, 2.0 * widths[axis] / segments / extent);
+                part *= std::min(1.0, 2.0 * widths[axis] / boxes / extent);
         }
-        return part * segments;
+        return part * boxes;
     }
 
-    double Margin() const
+    double Farthest() const
     {
         double farthest = 0.0;
         for (int axis = 0; axis < 3; ++axis)
             farthest = std::max({farthest, std::abs(box.low[axis]), std::abs(box.high[axis])});
-        // Boxes pass over what is no number; widths do not.
-        return SafeRoom(3.0 * farthest, 2.0 * longest, Reach(box.Size())) +
-               0.0 * (widths[0] + widths[1] + widths[2]);
+        return farthest;
     }
+
+    Box3 box;
+    double widths[3] = {};
+    double largest = 0.0; // no segment is longer
+    double boxes = 0.0;
 };
-
-Survey SurveyOwn(const Lines& lines)
-{
-    Survey survey;
-    lines.ForEachSegment([&](const Vec3& from, const Vec3& to) { survey.Add(from, to); });
-    return survey;
-}
-
-Survey SurveyFrom(const Lines& lines, const Axes& axes)
-{
-    Survey survey;
-    lines.ForEachSegment(
-        [&](const Vec3& from, const Vec3& to) { survey.Add(See(axes, from), See(axes, to)); });
-    return survey;
-}
 
 void MakeUnit(Vec3& v)
 {
@@ -133,17 +123,32 @@ std::vector<T_POINT3D> Turned(const PolylineView& line, const Axes& axes)
 
 BoxView::BoxView(const PolylineView* lines, int count)
 {
-    const Survey survey = SurveyOwn({lines, count});
-    m_margin = survey.Margin();
     for (int line = 0; line < count; ++line)
-        m_points.push_back(lines[line].points);
-    if (!IsUsable() || survey.Overlaps() <= kFewOverlaps)
+        m_runs.emplace_back(lines[line], lines[line].points);
+    const Survey survey(m_runs);
+    const double coordinates = 9.0 * survey.Farthest(); // of three points
+    const double margin = SafeRoom(coordinates, 2.0 * survey.largest, Reach(survey.box.Size()));
+    m_usable = IsSafeRoom(margin) && std::all_of(m_runs.begin(), m_runs.end(),
+                                                 [](const SegmentRuns& runs) { return runs.IsFinite(); });
+    if (!m_usable)
         return;
+    if (survey.Overlaps() > kFewOverlaps)
+        Turn(lines);
+    for (SegmentRuns& runs : m_runs)
+        runs.Widen(margin, coordinates < kExactEnds);
+}
+
+void BoxView::Turn(const PolylineView* lines)
+{
+    const int count = static_cast<int>(m_runs.size());
     const Axes axes = AxesAlongLongest({lines, count});
-    if (!(SurveyFrom({lines, count}, axes).Overlaps() < 0.5 * survey.Overlaps()))
-        return;
-    for (int line = 0; line < count; ++line)
+    std::vector<SegmentRuns> turned;
+    for (int line = 0; line < count; ++line) {
         m_turned.push_back(Turned(lines[line], axes));
-    for (int line = 0; line < count; ++line)
-        m_points[static_cast<std::size_t>(line)] = m_turned[static_cast<std::size_t>(line)].data();
+        turned.emplace_back(lines[line], m_turned.back().data());
+    }
+    if (Survey(turned).Overlaps() < 0.5 * Survey(m_runs).Overlaps())
+        m_runs.swap(turned);
+    else
+        m_turned.clear();
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-using Polygon = CArray<T_POINT2D, T_POINT2D&>;
+using Corners = CArray<T_POINT2D, T_POINT2D&>;
 
 constexpr double kOnLine = 1e-10;
 // Sines of the angle between two directions below this do not cross (CMathFunc::mathIntersectLine2D).
@@ -148,7 +148,7 @@ int CountQuickly(EdgeJudge& judge, const QuickLook& quick, const T_POINT2D* poin
     return total;
 }
 
-int CountCrossings(const T_LINE2D& line, const Polygon& polygon, const T_REGION2D& box)
+int CountCrossings(const T_LINE2D& line, const Corners& polygon, const T_REGION2D& box)
 {
     const T_POINT2D* const points = polygon.GetData();
     const int count = polygon.GetSize();

@@ -1,10 +1,12 @@
 // CGeomFunc: segments and polylines in space.
 #include "GeomFunc.h"
 
+#include "BoxGrid.h"
 #include "BoxTree.h"
 #include "BoxView.h"
 #include "MathFunc.h"
 #include "SegmentPair.h"
+#include "SegmentRuns.h"
 
 #include <algorithm>
 #include <limits>
@@ -74,12 +76,45 @@ LONGLONG FirstPairs(LONGLONG segments)
     return 128 + segments / 4;
 }
 
+bool MeetsOnTheWay(const SegmentRuns& runs)
+{
+    for (int run = 0; run < runs.Count(); ++run)
+        if (runs.MeetsOnTheWay(run))
+            return true;
+    return false;
+}
+
+// Whether runs meet that do not follow each other, by the grid; kOpen when it is of no use.
+Answer GridMeetsItself(const SegmentRuns& runs)
+{
+    const BoxGrid grid(runs.Boxes());
+    if (!grid.IsUsable())
+        return Answer::kOpen;
+    const auto meet = [&](int run, int other) { return other > run + 1 && runs.Meet(run, runs, other, 0); };
+    return grid.AnyPair(meet) ? Answer::kYes : Answer::kNo;
+}
+
+Answer GridMeets(const SegmentRuns& a, const SegmentRuns& b)
+{
+    const BoxGrid grid(b.Boxes());
+    if (!grid.IsUsable())
+        return Answer::kOpen;
+    for (int run = 0; run < a.Count(); ++run)
+        if (grid.AnyNear(a.BoxOf(run), [&](int its) { return a.Meet(run, b, its, 1); }))
+            return Answer::kYes;
+    return Answer::kNo;
+}
+
 bool MeetsItself(const PolylineView& line)
 {
     const BoxView view(&line, 1);
     if (!view.IsUsable())
         return PairWalk(kAllPairs).Itself(line) == Answer::kYes;
-    return BoxTree(line, view.Points(0), view.Margin()).MeetsItself();
+    const SegmentRuns& runs = view.Runs(0);
+    if (MeetsOnTheWay(runs))
+        return true;
+    const Answer answer = GridMeetsItself(runs);
+    return answer == Answer::kOpen ? BoxTree(runs).MeetsItself() : answer == Answer::kYes;
 }
 
 bool Meet(const PolylineView& a, const PolylineView& b)
@@ -88,7 +123,10 @@ bool Meet(const PolylineView& a, const PolylineView& b)
     const BoxView view(lines, 2);
     if (!view.IsUsable())
         return PairWalk(kAllPairs).Both(a, b) == Answer::kYes;
-    return BoxTree(a, view.Points(0), view.Margin()).Meets(BoxTree(b, view.Points(1), view.Margin()));
+    const SegmentRuns& first = view.Runs(0);
+    const SegmentRuns& second = view.Runs(1);
+    const Answer answer = GridMeets(first, second);
+    return answer == Answer::kOpen ? BoxTree(first).Meets(BoxTree(second)) : answer == Answer::kYes;
 }
 
 PolylineView ViewOf(CArray<T_POINT3D, T_POINT3D&>& points)

@@ -5,8 +5,6 @@
 
 namespace {
 
-// Up to here an end computed from start, direction and length is within 1e-10 of itself.
-constexpr double kExactEnds = 2e4;
 constexpr double kLeastTurn = 1e-9;
 // An axis shorter than that has lost its direction to rounding near zero.
 constexpr double kLeastSquare = 1e-200;
@@ -73,7 +71,7 @@ bool SurelyJoined(const T_POINT3D* a)
     const Vec3 u = joint - first;
     const Vec3 v = last - joint;
     const double shorter = std::min(Dot(u, u), Dot(v, v));
-    const double least = std::max(kLeastTurn, 2.0 * CMathFunc::m_NormalZero);
+    const double least = LeastJoined(0.0);
     if (!(Reach(first) + Reach(joint) + Reach(last) < kExactEnds && shorter > least * least &&
           IsSafeRoom(0.0)))
         return false;

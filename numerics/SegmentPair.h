@@ -5,6 +5,8 @@
 #include "MathFunc.h"
 #include "Vec3.h"
 
+#include <algorithm>
+
 // A polyline's points; segment i runs from point i to point i + 1.
 struct PolylineView {
     const T_POINT3D* points;
@@ -36,6 +38,16 @@ inline bool IsSafeRoom(double room)
 inline double Reach(const Vec3& v)
 {
     return std::abs(v[0]) + std::abs(v[1]) + std::abs(v[2]);
+}
+
+// Up to coordinates of that sum, an end computed from start, direction and length is within 1e-10 of itself.
+constexpr double kExactEnds = 2e4;
+
+// Segments longer than that which share an end exactly, and turn there by a right angle at most, touch
+// nowhere else as far as the test sees; `room` is what it must not be below.
+inline double LeastJoined(double room)
+{
+    return std::max({room, 1e-9, 2.0 * CMathFunc::m_NormalZero});
 }
 
 // Exactly what CGeomFunc::CheckLineIntersection() says of the segments that start at `a` and `b`, mostly

@@ -14,17 +14,17 @@ static_assert(std::has_virtual_destructor_v<CGeomFunc> && std::is_default_constr
 
 namespace {
 
-using Polygon = CArray<T_POINT2D, T_POINT2D&>;
+using Points2D = CArray<T_POINT2D, T_POINT2D&>;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinite = std::numeric_limits<double>::infinity();
 
-void Append(Polygon& polygon, double x, double y)
+void Append(Points2D& polygon, double x, double y)
 {
     T_POINT2D p = {x, y};
     polygon.Add(p);
 }
 
-Polygon& Make(Polygon& polygon, std::initializer_list<T_POINT2D> points)
+Points2D& Make(Points2D& polygon, std::initializer_list<T_POINT2D> points)
 {
     polygon.RemoveAll();
     for (const T_POINT2D& p : points)
@@ -58,7 +58,7 @@ struct Motion {
 TEST(GeomFunc, BoundingRectangle)
 {
     T_REGION2D r = {7, 7, 7, 7};
-    Polygon points;
+    Points2D points;
     EXPECT_EQ(CGeomFunc::GetMBR(points, r), 0);
     EXPECT_THAT((std::array{r.minX, r.minY, r.maxX, r.maxY}), ElementsAre(7.0, 7.0, 7.0, 7.0));
     EXPECT_EQ(CGeomFunc::GetMBR(Make(points, {{-2, 3}}), r), 1);
@@ -149,15 +149,15 @@ TEST(GeomFunc, TopologyAtItsTolerances)
 
 TEST(GeomFunc, CountsCrossings)
 {
-    Polygon square, roof, none;
+    Points2D square, roof, none;
     Make(square, {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
     Make(roof, {{0, 0}, {8, 0}, {8, 3}, {6, 3}, {4, 1}, {2, 3}, {0, 3}}); // a notch down to (4, 1)
-    Polygon flat, lessFlat;
+    Points2D flat, lessFlat;
     Make(flat, {{-5, -4e-4}, {5, 4e-4}, {0, 5}}); // an edge nearly along the X axis
     Make(lessFlat, {{-5, -6e-4}, {5, 6e-4}, {0, 5}});
     const struct {
         const char* label;
-        const Polygon* polygon;
+        const Points2D* polygon;
         T_LINE2D line;
         int count, backwards;
     } rows[] = {
@@ -186,14 +186,14 @@ TEST(GeomFunc, CountsCrossings)
 
 TEST(GeomFunc, PointInPolygon)
 {
-    Polygon two, square, ell, diamond;
+    Points2D two, square, ell, diamond;
     Make(two, {{0, 0}, {4, 4}});
     Make(square, {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
     Make(ell, {{0, 0}, {0, 6}, {2, 6}, {2, 2}, {6, 2}, {6, 0}});
     Make(diamond, {{0, -2}, {2, 0}, {0, 2}, {-2, 0}});
     const struct {
         const char* label;
-        const Polygon* polygon;
+        const Points2D* polygon;
         T_POINT2D p;
         int inside;
     } rows[] = {
@@ -218,7 +218,7 @@ TEST(GeomFunc, PointInPolygon)
 namespace {
 
 // Independent of the library: which side of each edge, in extended precision.
-int CrossingNumber(const T_POINT2D& p, const Polygon& polygon)
+int CrossingNumber(const T_POINT2D& p, const Points2D& polygon)
 {
     int inside = 0;
     for (int i = 0, j = polygon.GetSize() - 1; i < polygon.GetSize(); j = i++) {
@@ -230,7 +230,7 @@ int CrossingNumber(const T_POINT2D& p, const Polygon& polygon)
 }
 
 // A concave polygon round `centre`, simple.
-void MakeStar(Polygon& polygon, Random& random, int corners, double size, double shift)
+void MakeStar(Points2D& polygon, Random& random, int corners, double size, double shift)
 {
     polygon.RemoveAll();
     for (int i = 0; i < corners; ++i) {
@@ -253,7 +253,7 @@ TEST(GeomFunc, PointInConcavePolygons)
         SCOPED_TRACE(place.label);
         int inside = 0;
         for (int round = 0; round < 400; ++round) {
-            Polygon polygon;
+            Points2D polygon;
             MakeStar(polygon, random, 3 + round % 60, place.size, place.shift);
             for (int i = 0; i < 20; ++i) {
                 const T_POINT2D p = {place.shift + random.Number(1.1 * place.size),
@@ -270,7 +270,7 @@ TEST(GeomFunc, PointInConcavePolygons)
 namespace {
 
 // The rule edge by edge, with the turned polygon.
-int LiteralCrossCount(const T_LINE2D& line, const Polygon& polygon)
+int LiteralCrossCount(const T_LINE2D& line, const Points2D& polygon)
 {
     const double degrees = -CMathLib::CalcAngleDegLineAndAxisX(line.x1, line.y1, line.x2, line.y2);
     const int n = polygon.GetSize();
@@ -312,7 +312,7 @@ TEST(GeomFunc, CountsAsEdgeByEdge)
         CMathFunc::m_NormalZero = row.tolerance;
         const auto number = [&] { return row.shift + row.scale * std::floor(random.Number(4.0)); };
         for (int round = 0; round < 3000; ++round) {
-            Polygon polygon;
+            Points2D polygon;
             for (int i = round % 9; i >= 0; --i)
                 Append(polygon, number(), number() + (i % 4 ? 0.0 : random.Number(1e-9)));
             const T_LINE2D line = {number(), number(), number(), number()};

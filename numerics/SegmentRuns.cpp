@@ -1,0 +1,107 @@
+#include "SegmentRuns.h"
+
+#include <cmath>
+
+SegmentRuns::SegmentRuns(const PolylineView& line, const T_POINT3D* seen) : m_line(line), m_seen(seen)
+{
+    const int runs = (line.segments - 1) / kLength + 1;
+    double sum = 0.0; // boxes pass over what is no number
+    m_boxes.reserve(static_cast<std::size_t>(runs));
+    for (int run = 0; run < runs; ++run) {
+        Box3 box;
+        for (int point = run * kLength; point <= EndOf(run); ++point) {
+            const Vec3 p = Load(m_seen[point]);
+            box.Include(p);
+            sum += p[0] + p[1] + p[2];
+        }
+        m_boxes.push_back(box);
+    }
+    m_isFinite = std::isfinite(sum);
+}
+
+void SegmentRuns::Widen(double margin, bool exactEnds)
+{
+    m_margin = margin;
+    m_exactEnds = exactEnds;
+    for (Box3& box : m_boxes)
+        box.Grow(margin);
+}
+
+// Whether the segments advance all the time in the direction of the whole, by more than the margin each and
+// with no turn beyond a right angle: then none meets another but its neighbours, and these in their joint
+// only.
+bool SegmentRuns::GoesOn(int first, int end) const
+{
+    const T_POINT3D* const points = m_line.points;
+    const Vec3 way = Load(points[end]) - Load(points[first]);
+    const double least = LeastJoined(m_margin);
+    const double limit = least * Length(way);
+    bool goesOn = true;
+    Vec3 last = way;
+    for (int i = first; i < end; ++i) {
+        const Vec3 step = Load(points[i + 1]) - Load(points[i]);
+        goesOn &= (Dot(step, way) > limit) & (Dot(step, last) >= 0.0);
+        last = step;
+    }
+    return goesOn;
+}
+
+bool SegmentRuns::MeetsOnTheWay(int run) const
+{
+    const bool isLast = run + 1 == Count();
+    if (m_exactEnds && GoesOn(run * kLength, EndOf(isLast ? run : run + 1)))
+        return false;
+    return MeetsItself(run) || (!isLast && Meet(run, *this, run + 1, 0));
+}
+
+Box3 SegmentRuns::BoxOfSegment(int segment) const
+{
+    const T_POINT3D* const p = m_seen + segment;
+    return {{std::min(p[0].x, p[1].x), std::min(p[0].y, p[1].y), std::min(p[0].z, p[1].z)},
+            {std::max(p[0].x, p[1].x), std::max(p[0].y, p[1].y), std::max(p[0].z, p[1].z)}};
+}
+
+SegmentRuns::Few SegmentRuns::Near(int run, const Box3& box) const
+{
+    Few few;
+    const int end = EndOf(run);
+    for (int segment = run * kLength; segment < end; ++segment) {
+        few.segments[few.count] = segment;
+        few.boxes[few.count] = BoxOfSegment(segment);
+        few.count += few.boxes[few.count].Overlaps(box);
+    }
+    return few;
+}
+
+bool SegmentRuns::MeetsItself(int run) const
+{
+    const Few all = Near(run, BoxOf(run));
+    for (int i = 0; i + 1 < all.count; ++i) {
+        const T_POINT3D* const segment = m_line.points + all.segments[i];
+        if (SegmentsMeet(segment, segment + 1, 0))
+            return true;
+        Box3 box = all.boxes[i];
+        box.Grow(m_margin);
+        for (int j = i + 2; j < all.count; ++j)
+            if (box.Overlaps(all.boxes[j]) && SegmentsMeet(segment, m_line.points + all.segments[j], 0))
+                return true;
+    }
+    return false;
+}
+
+bool SegmentRuns::Meet(int run, const SegmentRuns& other, int its, int bCross) const
+{
+    const Few a = Near(run, other.BoxOf(its));
+    if (a.count == 0)
+        return false;
+    const Few b = other.Near(its, BoxOf(run));
+    for (int i = 0; i < a.count; ++i) {
+        Box3 box = a.boxes[i];
+        box.Grow(m_margin);
+        for (int j = 0; j < b.count; ++j)
+            if (box.Overlaps(b.boxes[j]) &&
+                SegmentsMeet(m_line.points + a.segments[i], other.m_line.points + b.segments[j], bCross))
+                return true;
+    }
+    return false;
+}
