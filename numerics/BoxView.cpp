@@ -75,9 +75,12 @@ struct Survey {
     double boxes = 0.0;
 };
 
+// Nothing stays nothing.
 void MakeUnit(Vec3& v)
 {
-    v = 1.0 / Length(v) * v;
+    const double length = Length(v);
+    if (length > 0.0)
+        v = 1.0 / length * v;
 }
 
 // Along the longest segment, towards what lies farthest from its line, and across: many long parallel
@@ -126,8 +129,7 @@ BoxView::BoxView(const PolylineView* lines, int count)
     for (int line = 0; line < count; ++line)
         m_runs.emplace_back(lines[line], lines[line].points);
     const Survey survey(m_runs);
-    const double coordinates = 9.0 * survey.Farthest(); // of three points
-    const double margin = SafeRoom(coordinates, 2.0 * survey.largest, Reach(survey.box.Size()));
+    const double margin = SafeRoom(3.0 * survey.Farthest(), 2.0 * survey.largest, Reach(survey.box.Size()));
     m_usable = IsSafeRoom(margin) && std::all_of(m_runs.begin(), m_runs.end(),
                                                  [](const SegmentRuns& runs) { return runs.IsFinite(); });
     if (!m_usable)
@@ -135,7 +137,7 @@ BoxView::BoxView(const PolylineView* lines, int count)
     if (survey.Overlaps() > kFewOverlaps)
         Turn(lines);
     for (SegmentRuns& runs : m_runs)
-        runs.Widen(margin, coordinates < kExactEnds);
+        runs.Widen(margin, survey.largest < kExactLength);
 }
 
 void BoxView::Turn(const PolylineView* lines)

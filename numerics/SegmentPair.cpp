@@ -72,8 +72,7 @@ bool SurelyJoined(const T_POINT3D* a)
     const Vec3 v = last - joint;
     const double shorter = std::min(Dot(u, u), Dot(v, v));
     const double least = LeastJoined(0.0);
-    if (!(Reach(first) + Reach(joint) + Reach(last) < kExactEnds && shorter > least * least &&
-          IsSafeRoom(0.0)))
+    if (!(Reach(u) + Reach(v) < kExactLength && shorter > least * least && IsSafeRoom(0.0)))
         return false;
     if (Dot(u, v) >= 0.0)
         return true;

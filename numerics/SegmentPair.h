@@ -40,8 +40,9 @@ inline double Reach(const Vec3& v)
     return std::abs(v[0]) + std::abs(v[1]) + std::abs(v[2]);
 }
 
-// Up to coordinates of that sum, an end computed from start, direction and length is within 1e-10 of itself.
-constexpr double kExactEnds = 2e4;
+// Up to that length, the end of a segment that is computed from start, direction and length is within 1e-10
+// of itself: it errs by a few last bits of the length.
+constexpr double kExactLength = 2e4;
 
 // Segments longer than that which share an end exactly, and turn there by a right angle at most, touch
 // nowhere else as far as the test sees; `room` is what it must not be below.

@@ -1,6 +1,7 @@
 #include "SegmentRuns.h"
 
 #include <cmath>
+#include <limits>
 
 SegmentRuns::SegmentRuns(const PolylineView& line, const T_POINT3D* seen) : m_line(line), m_seen(seen)
 {
@@ -27,23 +28,21 @@ void SegmentRuns::Widen(double margin, bool exactEnds)
         box.Grow(margin);
 }
 
-// Whether the segments advance all the time in the direction of the whole, by more than the margin each and
-// with no turn beyond a right angle: then none meets another but its neighbours, and these in their joint
-// only.
+// Whether each segment advances by more than the margin in the direction of the whole: then none comes near
+// another but its neighbours, and these in their joint only.
 bool SegmentRuns::GoesOn(int first, int end) const
 {
     const T_POINT3D* const points = m_line.points;
     const Vec3 way = Load(points[end]) - Load(points[first]);
-    const double least = LeastJoined(m_margin);
-    const double limit = least * Length(way);
-    bool goesOn = true;
-    Vec3 last = way;
+    const double limit = LeastJoined(m_margin) * Length(way);
+    double from = Dot(Load(points[first]), way);
+    double least = std::numeric_limits<double>::infinity();
     for (int i = first; i < end; ++i) {
-        const Vec3 step = Load(points[i + 1]) - Load(points[i]);
-        goesOn &= (Dot(step, way) > limit) & (Dot(step, last) >= 0.0);
-        last = step;
+        const double to = Dot(Load(points[i + 1]), way);
+        least = std::min(least, to - from);
+        from = to;
     }
-    return goesOn;
+    return least > limit;
 }
 
 bool SegmentRuns::MeetsOnTheWay(int run) const

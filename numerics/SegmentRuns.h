@@ -15,7 +15,8 @@ public:
     SegmentRuns(const PolylineView& line, const T_POINT3D* seen);
 
     // Makes all boxes larger by what tolerance and rounding may hide: after that, runs whose boxes lie apart
-    // have no segments that meet. `exactEnds` tells that joints are within kExactEnds.
+    // have no segments that meet. `exactEnds` tells that no segment is longer than
+    // kExactLength.
     void Widen(double margin, bool exactEnds);
 
     int Count() const { return static_cast<int>(m_boxes.size()); }

@@ -136,7 +136,7 @@ TEST(Polyline, TwoAnswerAsPairByPair)
 TEST(Polyline, FindsTheOneContact)
 {
     Random random(63);
-    for (int family : {0, 1, 2, 3, 4, 5}) {
+    for (int family : {0, 1, 2, 4, 5, 6, 7, 8}) {
         SCOPED_TRACE(kPolylineFamilies[family].label);
         Points3D line;
         Fill(line, kPolylineFamilies[family], random, 2000);
@@ -169,7 +169,7 @@ TEST(Polyline, OddCoordinatesAndTolerances)
             SCOPED_TRACE(testing::Message() << value << " at " << at);
             Points3D line, other;
             Fill(line, kPolylineFamilies[0], random, 300);
-            Fill(other, kPolylineFamilies[2], random, 50);
+            Fill(other, kPolylineFamilies[5], random, 50);
             line[at].y = value;
             EXPECT_EQ(CGeomFunc::CheckPolylineSelfIntersection(line), LiteralSelf(line));
             EXPECT_EQ(CGeomFunc::CheckPolylineCrossIntersection(line, other), LiteralCross(line, other));
@@ -181,7 +181,7 @@ TEST(Polyline, OddCoordinatesAndTolerances)
         CMathFunc::m_NormalZero = tolerance;
         Points3D line, other;
         Fill(line, kPolylineFamilies[0], random, 300);
-        Fill(other, kPolylineFamilies[2], random, 50);
+        Fill(other, kPolylineFamilies[5], random, 50);
         AddPoint(other, other[49].x, other[49].y, other[49].z);
         EXPECT_EQ(CGeomFunc::CheckPolylineSelfIntersection(line), LiteralSelf(line));
         EXPECT_EQ(CGeomFunc::CheckPolylineSelfIntersection(other), LiteralSelf(other));

@@ -74,6 +74,22 @@ inline const PolylineFamily kPolylineFamilies[] = {
          const T_POINT3D p = Spiral(i, 0.0);
          return T_POINT3D{p.x + 3e4, p.y - 7e4, 2e5};
      }},
+    {"spiral very far from the origin",
+     [](Random&, int i, int) {
+         const T_POINT3D p = Spiral(i, 0.0);
+         return T_POINT3D{p.x + 1e8, p.y, -3e8};
+     }},
+    // Rounding of long segments parts neighbours from their joints, which are contacts then.
+    {"spiral of long strokes",
+     [](Random& r, int i, int) {
+         const T_POINT3D p = Spiral(i, 0.01 * r.Number(1.0));
+         return T_POINT3D{p.x * 1e6, p.y * 1e6, 0.0};
+     }},
+    {"crowd below a far point",
+     [](Random&, int i, int n) {
+         const T_POINT3D p = Spiral(i, 0.0);
+         return i + 1 < n ? T_POINT3D{p.x * 1e-3, p.y * 1e-3, 0.0} : T_POINT3D{p.x * 1e3, p.y * 1e3, 1e6};
+     }},
     {"helix",
      [](Random&, int i, int) {
          return T_POINT3D{std::cos(i * 0.3), std::sin(i * 0.3), i * 1e-3};
