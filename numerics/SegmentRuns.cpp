@@ -88,8 +88,38 @@ bool SegmentRuns::MeetsItself(int run) const
     return false;
 }
 
+// What the points of the run reach along an axis.
+SegmentRuns::Span SegmentRuns::Along(const Vec3& axis, int run) const
+{
+    Span span;
+    for (int point = run * kLength; point <= EndOf(run); ++point) {
+        const double at = Dot(Load(m_line.points[point]), axis);
+        span.low = std::min(span.low, at);
+        span.high = std::max(span.high, at);
+    }
+    return span;
+}
+
+// Whether both lie apart as seen along the first one's way: lines side by side in a slanted direction, whose
+// boxes overlap, mostly do.
+bool SegmentRuns::SideBySide(int run, const SegmentRuns& other, int its) const
+{
+    const Vec3 start = Load(m_line.points[run * kLength]);
+    const Vec3 way = Load(m_line.points[EndOf(run)]) - start;
+    const Vec3 across = Load(other.m_line.points[its * kLength]) - start;
+    const double squareLength = Dot(way, way);
+    if (!(squareLength > 0.0))
+        return false;
+    const Vec3 axis = across - Dot(across, way) / squareLength * way;
+    const Span mine = Along(axis, run);
+    const Span theirs = other.Along(axis, its);
+    return std::max(theirs.low - mine.high, mine.low - theirs.high) > m_margin * Length(axis);
+}
+
 bool SegmentRuns::Meet(int run, const SegmentRuns& other, int its, int bCross) const
 {
+    if (SideBySide(run, other, its))
+        return false;
     const Few a = Near(run, other.BoxOf(its));
     if (a.count == 0)
         return false;

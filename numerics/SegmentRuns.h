@@ -41,9 +41,16 @@ private:
         Box3 boxes[kLength];
     };
 
+    struct Span {
+        double low = Box3::kInfinite;
+        double high = -Box3::kInfinite;
+    };
+
     int EndOf(int run) const { return std::min((run + 1) * kLength, m_line.segments); }
     Box3 BoxOfSegment(int segment) const;
     Few Near(int run, const Box3& box) const;
+    Span Along(const Vec3& axis, int run) const;
+    bool SideBySide(int run, const SegmentRuns& other, int its) const;
     bool GoesOn(int first, int end) const;
     bool MeetsItself(int run) const;
 
