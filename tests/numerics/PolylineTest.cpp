@@ -111,9 +111,25 @@ TEST(Polyline, AnswersAsPairByPair)
     EXPECT_GT(answers[1], 200);
 }
 
+// Rounding parts some of these from their joints.
+TEST(Polyline, LongStrokesAnswerAsPairByPair)
+{
+    Random random(65);
+    int contacts = 0;
+    for (int round = 0; round < 100; ++round) {
+        Points3D line;
+        Fill(line, kPolylineFamilies[4], random, 160);
+        const int expected = LiteralSelf(line);
+        contacts += expected;
+        ASSERT_EQ(CGeomFunc::CheckPolylineSelfIntersection(line), expected) << round;
+    }
+    EXPECT_GT(contacts, 5);
+    EXPECT_LT(contacts, 95);
+}
+
 TEST(Polyline, TwoAnswerAsPairByPair)
 {
-    const double shifts[] = {0.0, 1e-10, 1e-7, 1e-3, 0.3, 3.14, 100.0};
+    const double shifts[] = {0.0, 1e-7, 0.3, 100.0};
     for (const PolylineFamily& family : kPolylineFamilies) {
         for (const PolylineFamily& other : kPolylineFamilies) {
             SCOPED_TRACE(testing::Message() << family.label << " and " << other.label);
@@ -136,7 +152,7 @@ TEST(Polyline, TwoAnswerAsPairByPair)
 TEST(Polyline, FindsTheOneContact)
 {
     Random random(63);
-    for (int family : {0, 1, 2, 4, 5, 6, 7, 8}) {
+    for (int family : {0, 1, 2, 5, 6, 7, 8, 9}) {
         SCOPED_TRACE(kPolylineFamilies[family].label);
         Points3D line;
         Fill(line, kPolylineFamilies[family], random, 2000);
@@ -169,7 +185,7 @@ TEST(Polyline, OddCoordinatesAndTolerances)
             SCOPED_TRACE(testing::Message() << value << " at " << at);
             Points3D line, other;
             Fill(line, kPolylineFamilies[0], random, 300);
-            Fill(other, kPolylineFamilies[5], random, 50);
+            Fill(other, kPolylineFamilies[6], random, 50);
             line[at].y = value;
             EXPECT_EQ(CGeomFunc::CheckPolylineSelfIntersection(line), LiteralSelf(line));
             EXPECT_EQ(CGeomFunc::CheckPolylineCrossIntersection(line, other), LiteralCross(line, other));
@@ -181,7 +197,7 @@ TEST(Polyline, OddCoordinatesAndTolerances)
         CMathFunc::m_NormalZero = tolerance;
         Points3D line, other;
         Fill(line, kPolylineFamilies[0], random, 300);
-        Fill(other, kPolylineFamilies[5], random, 50);
+        Fill(other, kPolylineFamilies[6], random, 50);
         AddPoint(other, other[49].x, other[49].y, other[49].z);
         EXPECT_EQ(CGeomFunc::CheckPolylineSelfIntersection(line), LiteralSelf(line));
         EXPECT_EQ(CGeomFunc::CheckPolylineSelfIntersection(other), LiteralSelf(other));

@@ -85,6 +85,10 @@ inline const PolylineFamily kPolylineFamilies[] = {
          const T_POINT3D p = Spiral(i, 0.01 * r.Number(1.0));
          return T_POINT3D{p.x * 1e6, p.y * 1e6, 0.0};
      }},
+    {"long strokes past the origin",
+     [](Random& r, int i, int n) {
+         return T_POINT3D{(i - n / 2) * 1e6 + r.Number(1e5), r.Number(1e5), 0.0};
+     }},
     {"crowd below a far point",
      [](Random&, int i, int n) {
          const T_POINT3D p = Spiral(i, 0.0);
