@@ -129,7 +129,7 @@ BoxView::BoxView(const PolylineView* lines, int count)
     for (int line = 0; line < count; ++line)
         m_runs.emplace_back(lines[line], lines[line].points);
     const Survey survey(m_runs);
-    const double margin = SafeRoom(3.0 * survey.Farthest(), 2.0 * survey.largest, Reach(survey.box.Size()));
+    const double margin = SafeRoom(3.0 * survey.Farthest(), 0.0, Reach(survey.box.Size()));
     m_usable = IsSafeRoom(margin) && std::all_of(m_runs.begin(), m_runs.end(),
                                                  [](const SegmentRuns& runs) { return runs.IsFinite(); });
     if (!m_usable)

@@ -25,7 +25,7 @@ void SegmentRuns::Widen(double margin, bool exactEnds)
     m_margin = margin;
     m_exactEnds = exactEnds;
     for (Box3& box : m_boxes)
-        box.Grow(margin);
+        box.Grow(margin + SafeRoom(0.0, Reach(box.Size()), 0.0));
 }
 
 // Whether each segment advances by more than the margin in the direction of the whole: then none comes near
@@ -34,7 +34,8 @@ bool SegmentRuns::GoesOn(int first, int end) const
 {
     const T_POINT3D* const points = m_line.points;
     const Vec3 way = Load(points[end]) - Load(points[first]);
-    const double limit = LeastJoined(m_margin) * Length(way);
+    const double margin = MarginOf(first / kLength) + MarginOf((end - 1) / kLength);
+    const double limit = LeastJoined(margin) * Length(way);
     double from = Dot(Load(points[first]), way);
     double least = std::numeric_limits<double>::infinity();
     for (int i = first; i < end; ++i) {
@@ -64,9 +65,11 @@ SegmentRuns::Few SegmentRuns::Near(int run, const Box3& box) const
 {
     Few few;
     const int end = EndOf(run);
+    const double margin = MarginOf(run);
     for (int segment = run * kLength; segment < end; ++segment) {
         few.segments[few.count] = segment;
         few.boxes[few.count] = BoxOfSegment(segment);
+        few.boxes[few.count].Grow(margin);
         few.count += few.boxes[few.count].Overlaps(box);
     }
     return few;
@@ -79,10 +82,9 @@ bool SegmentRuns::MeetsItself(int run) const
         const T_POINT3D* const segment = m_line.points + all.segments[i];
         if (SegmentsMeet(segment, segment + 1, 0))
             return true;
-        Box3 box = all.boxes[i];
-        box.Grow(m_margin);
         for (int j = i + 2; j < all.count; ++j)
-            if (box.Overlaps(all.boxes[j]) && SegmentsMeet(segment, m_line.points + all.segments[j], 0))
+            if (all.boxes[i].Overlaps(all.boxes[j]) &&
+                SegmentsMeet(segment, m_line.points + all.segments[j], 0))
                 return true;
     }
     return false;
@@ -113,7 +115,8 @@ bool SegmentRuns::SideBySide(int run, const SegmentRuns& other, int its) const
     const Vec3 axis = across - Dot(across, way) / squareLength * way;
     const Span mine = Along(axis, run);
     const Span theirs = other.Along(axis, its);
-    return std::max(theirs.low - mine.high, mine.low - theirs.high) > m_margin * Length(axis);
+    return std::max(theirs.low - mine.high, mine.low - theirs.high) >
+           (MarginOf(run) + other.MarginOf(its)) * Length(axis);
 }
 
 bool SegmentRuns::Meet(int run, const SegmentRuns& other, int its, int bCross) const
@@ -125,10 +128,8 @@ bool SegmentRuns::Meet(int run, const SegmentRuns& other, int its, int bCross) c
         return false;
     const Few b = other.Near(its, BoxOf(run));
     for (int i = 0; i < a.count; ++i) {
-        Box3 box = a.boxes[i];
-        box.Grow(m_margin);
         for (int j = 0; j < b.count; ++j)
-            if (box.Overlaps(b.boxes[j]) &&
+            if (a.boxes[i].Overlaps(b.boxes[j]) &&
                 SegmentsMeet(m_line.points + a.segments[i], other.m_line.points + b.segments[j], bCross))
                 return true;
     }

@@ -14,9 +14,8 @@ public:
     // copied.
     SegmentRuns(const PolylineView& line, const T_POINT3D* seen);
 
-    // Makes all boxes larger by what tolerance and rounding may hide: after that, runs whose boxes lie apart
-    // have no segments that meet. `exactEnds` tells that no segment is longer than
-    // kExactLength.
+    // Makes all boxes larger, by the margin and by the slack of their segments: after that, runs whose boxes
+    // lie apart have no segments that meet. `exactEnds` tells that no segment is longer than kExactLength.
     void Widen(double margin, bool exactEnds);
 
     int Count() const { return static_cast<int>(m_boxes.size()); }
@@ -47,6 +46,8 @@ private:
     };
 
     int EndOf(int run) const { return std::min((run + 1) * kLength, m_line.segments); }
+    // What the box of the run was made larger by, or more.
+    double MarginOf(int run) const { return m_margin + SafeRoom(0.0, Reach(BoxOf(run).Size()), 0.0); }
     Box3 BoxOfSegment(int segment) const;
     Few Near(int run, const Box3& box) const;
     Span Along(const Vec3& axis, int run) const;
