@@ -65,8 +65,9 @@ public:
     // three points. Neighbours are looked at too: a polyline that turns back on itself meets itself.
     //
     // Cost of this and the next one: polylines whose consecutive points lie near each other take time in
-    // proportion to the number of points, within a logarithm, and a quarter as much memory again as they
-    // themselves. Without that memory the answer comes from comparing all pairs.
+    // proportion to the number of points, and half as much memory again as they themselves. Long segments all
+    // over the same space take more of both, still far less than comparing all pairs, which is what is done
+    // when there is no memory.
     static int CheckPolylineSelfIntersection(CArray<T_POINT3D, T_POINT3D&>& pl);
     // Whether a segment of `a` meets one of `b` as CheckLineIntersection(..., 1) tells: any contact counts,
     // that of shared ends too. 0 when either has fewer than two points.

@@ -122,6 +122,11 @@ std::vector<T_POINT3D> Turned(const PolylineView& line, const Axes& axes)
     return points;
 }
 
+bool IsTangled(const Survey& survey)
+{
+    return survey.Overlaps() > std::max(kFewOverlaps, std::sqrt(survey.boxes));
+}
+
 } // namespace
 
 BoxView::BoxView(const PolylineView* lines, int count)
@@ -129,15 +134,17 @@ BoxView::BoxView(const PolylineView* lines, int count)
     for (int line = 0; line < count; ++line)
         m_runs.emplace_back(lines[line], lines[line].points);
     const Survey survey(m_runs);
-    const double margin = SafeRoom(3.0 * survey.Farthest(), 0.0, Reach(survey.box.Size()));
-    m_usable = IsSafeRoom(margin) && std::all_of(m_runs.begin(), m_runs.end(),
-                                                 [](const SegmentRuns& runs) { return runs.IsFinite(); });
+    m_margin = SafeRoom(3.0 * survey.Farthest(), 0.0, Reach(survey.box.Size()));
+    m_isTangle = false;
+    m_usable = IsSafeRoom(m_margin) && std::all_of(m_runs.begin(), m_runs.end(),
+                                                   [](const SegmentRuns& runs) { return runs.IsFinite(); });
     if (!m_usable)
         return;
     if (survey.Overlaps() > kFewOverlaps)
         Turn(lines);
+    m_isTangle = IsTangled(Survey(m_runs));
     for (SegmentRuns& runs : m_runs)
-        runs.Widen(margin, survey.largest < kExactLength);
+        runs.Widen(m_margin, survey.largest < kExactLength);
 }
 
 void BoxView::Turn(const PolylineView* lines)

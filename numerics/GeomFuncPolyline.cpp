@@ -4,6 +4,7 @@
 #include "BoxGrid.h"
 #include "BoxTree.h"
 #include "BoxView.h"
+#include "ChordGrid.h"
 #include "MathFunc.h"
 #include "SegmentPair.h"
 #include "SegmentRuns.h"
@@ -113,6 +114,8 @@ bool MeetsItself(const PolylineView& line)
     const SegmentRuns& runs = view.Runs(0);
     if (MeetsOnTheWay(runs))
         return true;
+    if (view.IsTangle())
+        return ChordGrid(&line, 1, view.Margin()).AnyMeet();
     const Answer answer = GridMeetsItself(runs);
     return answer == Answer::kOpen ? BoxTree(runs).MeetsItself() : answer == Answer::kYes;
 }
@@ -125,6 +128,8 @@ bool Meet(const PolylineView& a, const PolylineView& b)
         return PairWalk(kAllPairs).Both(a, b) == Answer::kYes;
     const SegmentRuns& first = view.Runs(0);
     const SegmentRuns& second = view.Runs(1);
+    if (view.IsTangle())
+        return ChordGrid(lines, 2, view.Margin()).AnyMeet();
     const Answer answer = GridMeets(first, second);
     return answer == Answer::kOpen ? BoxTree(first).Meets(BoxTree(second)) : answer == Answer::kYes;
 }

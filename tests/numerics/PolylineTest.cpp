@@ -152,7 +152,7 @@ TEST(Polyline, TwoAnswerAsPairByPair)
 TEST(Polyline, FindsTheOneContact)
 {
     Random random(63);
-    for (int family : {0, 1, 2, 5, 6, 7, 8, 9}) {
+    for (int family : {0, 1, 2, 5, 6, 7, 8, 9, 11}) {
         SCOPED_TRACE(kPolylineFamilies[family].label);
         Points3D line;
         Fill(line, kPolylineFamilies[family], random, 2000);
