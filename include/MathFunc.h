@@ -17,6 +17,8 @@
 
 #include <afxver_.h>
 
+class CQuaternion;
+
 class AFX_EXT_CLASS CMathFunc
 {
 public:
@@ -267,6 +269,15 @@ public:
     static bool project_on_sphere_normal(const double* const p, double R, double tol, double* const out);
     static bool project_on_sphere_mf_vector(const double* const p, const double* const dir, double R,
                                             double tol, double* const out);
+    // Onto the ellipsoid with semi-axes a, b and c along X, Y and Z; false when one is not positive, and for
+    // the centre. `_normal` stays in the half plane from the Z axis through the point, and moves to the point
+    // of the ellipse there that is nearest: perpendicularly to that ellipse, and to the whole surface when a
+    // and b are equal. Of two that are equally near it takes the one with z > 0. On the Z axis (within
+    // m_NormalZero) it moves along the axis to the pole on the point's side.
+    static bool project_on_ellipsoid_normal(const double* const p, double a, double b, double c,
+                                            double* const out);
+    static bool project_on_ellipsoid_mf_vector(const double* const p, const double* const dir, double a,
+                                               double b, double c, double* const out);
     // Onto the plane through a, b and c; false when its normal's squared length (four times the squared area
     // of the triangle) is below tol.
     static bool project_on_plane_normal(const double* const p, const double* const a, const double* const b,
@@ -282,6 +293,17 @@ public:
     static bool project_on_plane_mf_vector_for_CuttingPlane(const double* const p, const double* const dir,
                                                             const double* const a, const double* const b,
                                                             const double* const c, double* const out);
+
+    // ---- Quaternions ----
+    // In single precision; Quaternion.h says how they are read.
+
+    // The shortest turn that carries the unit vector u onto the unit vector v. Opposite vectors have none:
+    // the result is no number.
+    static CQuaternion RotationArc(float* const u, float* const v);
+    // M, a row-major 4x4 matrix for row vectors, turns by the unit quaternion q and then moves by t.
+    static void MakeTransformMatrix(float* const M, CQuaternion q, float* const t);
+    // The Hamilton product a b: the turn by b followed by that by a.
+    static CQuaternion MultQuaternions(CQuaternion a, CQuaternion b);
 
     // ---- Others ----
 
@@ -299,3 +321,5 @@ protected:
     static double Solid_6(double (*const pts)[3]);
     static double Solid_8(double (*const pts)[3]);
 };
+
+#include "MathFuncInline.h"

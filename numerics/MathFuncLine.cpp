@@ -16,8 +16,15 @@ constexpr double kEndSlackBeyond = 1.0000001;
 // The unit vector from p to q; false and zero when they are closer than m_NormalZero.
 bool UnitDirection(const Vec3& p, const Vec3& q, Vec3& unit)
 {
-    const Vec3 d = q - p;
-    return CMathFunc::mathNormalize(d[0], d[1], d[2], unit.c[0], unit.c[1], unit.c[2]) != 0;
+    return UnitOf(q - p, unit);
+}
+
+// How far v reaches along a unit vector; 0 when that has no component to speak of.
+double AlongUnit(const Vec3& v, const Vec3& unit)
+{
+    const double none = CMathFunc::m_NormalZero;
+    const bool degenerate = std::abs(unit[0]) < none && std::abs(unit[1]) < none && std::abs(unit[2]) < none;
+    return degenerate ? 0.0 : Dot(v, unit) / Dot(unit, unit);
 }
 
 bool WithinSegment(double along, double length)
@@ -121,7 +128,7 @@ void CMathFunc::mathPLCrossPoint(double x0, double y0, double z0, double dx, dou
 {
     const Vec3 origin{{x0, y0, z0}};
     const Vec3 direction{{dx, dy, dz}};
-    t = ::Dot(Vec3{{px, py, pz}} - origin, direction) / ::Dot(direction, direction);
+    t = Ratio(::Dot(Vec3{{px, py, pz}} - origin, direction), ::Dot(direction, direction));
     const Vec3 foot = origin + t * direction;
     x = foot[0];
     y = foot[1];
@@ -147,9 +154,8 @@ double CMathFunc::mathDistanceFromIntersectPointToLine(double* const p1, double*
     const Vec3 start = Load(p1);
     const Vec3 fromStart = Load(q) - start;
     Vec3 unit;
-    if (!UnitDirection(start, Load(p2), unit))
-        return ::Length(fromStart);
-    return ::Length(fromStart - ::Dot(fromStart, unit) / ::Dot(unit, unit) * unit);
+    UnitDirection(start, Load(p2), unit);
+    return ::Length(fromStart - AlongUnit(fromStart, unit) * unit);
 }
 
 double CMathFunc::PointLineSquareDistance3D(const double* const p, const double* const a,
@@ -158,23 +164,10 @@ double CMathFunc::PointLineSquareDistance3D(const double* const p, const double*
     const Vec3 point = Load(p);
     const Vec3 start = Load(a);
     const Vec3 direction = Load(b) - start;
-    t = ::Dot(direction, point - start) / ::Dot(direction, direction);
+    t = Ratio(::Dot(direction, point - start), ::Dot(direction, direction));
     const Vec3 nearest = start + t * direction;
     nearest.Store(foot);
     return ::Dot(point - nearest, point - nearest);
-}
-
-double CMathFunc::mathDistanceToPlane(double a, double b, double c, double d, double x, double y, double z)
-{
-    const double length = mathLength(a, b, c);
-    return length < m_NormalZero ? -1.0 : std::abs((a * x + b * y + c * z + d) / length);
-}
-
-double CMathFunc::mathDistanceToPlaneWithSign(double a, double b, double c, double d, double x, double y,
-                                              double z)
-{
-    const double length = mathLength(a, b, c);
-    return length < m_NormalZero ? -1.0 : (a * x + b * y + c * z + d) / length;
 }
 
 double CMathFunc::mathDistanceLine(double* const p1, double* const p2, double* const q1, double* const q2)

@@ -1,34 +1,15 @@
 // CMathFunc: areas, centroids and volumes.
 #include "MathFunc.h"
 
-#include "Vec3.h"
-
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-// The abscissa of two-point Gauss quadrature, to the digits that the results have always had.
-constexpr double kGauss = 0.5773503;
-
-// Triangle points of the wedge's quadrature and their weights, likewise.
-struct TrianglePoint {
-    double l1, l2, weight;
-};
-constexpr double kNearSide = 0.19999995231628418;
-constexpr TrianglePoint kTrianglePoints[] = {{0.33333333, 0.33333333, -0.28125},
-                                             {0.6, kNearSide, 0.2604166},
-                                             {kNearSide, 0.6, 0.2604166},
-                                             {kNearSide, kNearSide, 0.2604166}};
-
-// The natural coordinates of the hexahedron's corners.
-constexpr double kHexahedron[8][3] = {{-1, -1, -1}, {1, -1, -1}, {1, 1, -1}, {-1, 1, -1},
-                                      {-1, -1, 1},  {1, -1, 1},  {1, 1, 1},  {-1, 1, 1}};
-
-double Determinant(const Vec3& a, const Vec3& b, const Vec3& c)
-{
-    return Dot(Cross(a, b), c);
-}
+// So many vertices are summed side by side in polygons of at least kManyVertices. Fewer are summed one after
+// the other, so that what cancels in a small figure cancels exactly.
+constexpr int kLanes = 4;
+constexpr int kManyVertices = 32;
 
 double Heron(double a, double b, double c)
 {
@@ -36,34 +17,30 @@ double Heron(double a, double b, double c)
     return CMathFunc::mathSqrt((s - a) * (s - b) * (s - c) * s);
 }
 
-double HexahedronJacobian(double (*const pts)[3], const double* at)
+double Trapezoid(const double* x, const double* y, double twiceLowest, int i, int j)
 {
-    Vec3 row[3] = {};
-    for (int i = 0; i < 8; ++i) {
-        const double* const corner = kHexahedron[i];
-        const double factor[3] = {1.0 + at[0] * corner[0], 1.0 + at[1] * corner[1], 1.0 + at[2] * corner[2]};
-        for (int r = 0; r < 3; ++r) {
-            const double slope = corner[r] * factor[(r + 1) % 3] * factor[(r + 2) % 3] / 8.0;
-            row[r] = row[r] + slope * Load(pts[i]);
-        }
-    }
-    return Determinant(row[0], row[1], row[2]);
+    return (y[i] + y[j] - twiceLowest) * 0.5 * (x[i] - x[j]);
 }
 
-// Corners 1, 2, 3 belong to L1, L2 and 1 - L1 - L2 on the face zeta = -1, corners 4, 5, 6 on zeta = +1.
-double WedgeJacobian(double (*const pts)[3], const TrianglePoint& at, double zeta)
-{
-    const double share[3] = {at.l1, at.l2, 1.0 - at.l1 - at.l2};
-    Vec3 corner[3];
-    Vec3 alongZeta{};
-    for (int i = 0; i < 3; ++i) {
-        const Vec3 bottom = Load(pts[i]);
-        const Vec3 top = Load(pts[i + 3]);
-        corner[i] = 0.5 * (1.0 - zeta) * bottom + 0.5 * (1.0 + zeta) * top;
-        alongZeta = alongZeta + 0.5 * share[i] * (top - bottom);
+// Sums over edges of twice the area between edge and origin, bare and times the sum of the ends' coordinates.
+struct Moments {
+    double area = 0.0, x = 0.0, y = 0.0;
+
+    void Add(const double* xs, const double* ys, int from, int to)
+    {
+        const double cross = xs[from] * ys[to] - xs[to] * ys[from];
+        area += cross;
+        x += (xs[to] + xs[from]) * cross;
+        y += (ys[to] + ys[from]) * cross;
     }
-    return Determinant(corner[0] - corner[2], corner[1] - corner[2], alongZeta);
-}
+    Moments& operator+=(const Moments& other)
+    {
+        area += other.area;
+        x += other.x;
+        y += other.y;
+        return *this;
+    }
+};
 
 } // namespace
 
@@ -77,17 +54,21 @@ double CMathFunc::mathArea2d(double x1, double y1, double x2, double y2, double 
     return Heron(mathLength(x1, y1, x2, y2), mathLength(x2, y2, x3, y3), mathLength(x3, y3, x1, y1));
 }
 
+// Trapezoids above the lowest point: the products stay small far from the origin.
 double CMathFunc::mathArea2d(int n, double* const x, double* const y)
 {
     if (n < 1)
         return 0.0;
-    // Trapezoids above the lowest point: the products stay small far from the origin.
-    const double lowest = *std::min_element(y, y + n);
-    double area = 0.0;
-    for (int i = 0; i < n; ++i) {
-        const int j = (i + 1) % n;
-        area += (y[i] + y[j] - 2.0 * lowest) * 0.5 * (x[i] - x[j]);
+    const double twiceLowest = 2.0 * *std::min_element(y, y + n);
+    double lanes[kLanes] = {};
+    int i = 0;
+    for (; n >= kManyVertices && i + kLanes < n; i += kLanes) {
+        for (int lane = 0; lane < kLanes; ++lane)
+            lanes[lane] += Trapezoid(x, y, twiceLowest, i + lane, i + lane + 1);
     }
+    double area = lanes[0] + lanes[1] + lanes[2] + lanes[3];
+    for (; i < n; ++i)
+        area += Trapezoid(x, y, twiceLowest, i, i + 1 < n ? i + 1 : 0);
     return std::abs(area);
 }
 
@@ -96,68 +77,22 @@ int CMathFunc::mathPolyCentroid(int n, double* const x, double* const y, double&
     cx = cy = area = 0.0;
     if (n < 3)
         return 0;
-    double sum = 0.0;
-    double sumX = 0.0;
-    double sumY = 0.0;
-    for (int i = 0, previous = n - 1; i < n; previous = i++) {
-        const double cross = x[previous] * y[i] - x[i] * y[previous];
-        sum += cross;
-        sumX += (x[i] + x[previous]) * cross;
-        sumY += (y[i] + y[previous]) * cross;
+    Moments sum;
+    sum.Add(x, y, n - 1, 0);
+    Moments lanes[kLanes];
+    int i = 1;
+    for (; n >= kManyVertices && i + kLanes <= n; i += kLanes) {
+        for (int lane = 0; lane < kLanes; ++lane)
+            lanes[lane].Add(x, y, i + lane - 1, i + lane);
     }
-    if (sum == 0.0)
+    for (; i < n; ++i)
+        sum.Add(x, y, i - 1, i);
+    for (const Moments& lane : lanes)
+        sum += lane;
+    if (sum.area == 0.0)
         return 0;
-    area = sum * 0.5;
-    cx = sumX / (3.0 * sum);
-    cy = sumY / (3.0 * sum);
+    area = sum.area * 0.5;
+    cx = sum.x / (3.0 * sum.area);
+    cy = sum.y / (3.0 * sum.area);
     return 1;
-}
-
-double CMathFunc::mathVolume(int n, double (*const pts)[3])
-{
-    switch (n) {
-    case 4:
-        return Solid_4(pts);
-    case 6:
-        return Solid_6(pts);
-    case 8:
-        return Solid_8(pts);
-    default:
-        return 0.0;
-    }
-}
-
-double CMathFunc::Solid_4(double (*const pts)[3])
-{
-    const Vec3 first = Load(pts[0]);
-    return Determinant(Load(pts[1]) - first, Load(pts[2]) - first, Load(pts[3]) - first) * (1.0 / 6.0);
-}
-
-// A hexahedron whose upper face has shrunk to the apex.
-double CMathFunc::Solid_5(double (*const pts)[3])
-{
-    double corners[8][3];
-    for (int i = 0; i < 8; ++i)
-        Load(pts[std::min(i, 4)]).Store(corners[i]);
-    return Solid_8(corners);
-}
-
-double CMathFunc::Solid_6(double (*const pts)[3])
-{
-    double volume = 0.0;
-    for (const TrianglePoint& point : kTrianglePoints) {
-        for (const double zeta : {-kGauss, kGauss})
-            volume += point.weight * WedgeJacobian(pts, point, zeta);
-    }
-    return volume;
-}
-
-double CMathFunc::Solid_8(double (*const pts)[3])
-{
-    double volume = 0.0;
-    for (const double* const sign : kHexahedron) {
-        const double at[3] = {kGauss * sign[0], kGauss * sign[1], kGauss * sign[2]};
-        volume += HexahedronJacobian(pts, at);
-    }
-    return volume;
 }

@@ -1,9 +1,9 @@
-// CMathFunc: projections of points onto planes and onto surfaces round the local origin.
+// CMathFunc: projections of points onto planes, and onto cylinders, cones and spheres round the local origin.
 #include "MathFunc.h"
 
+#include "Quadric.h"
 #include "Vec3.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -12,7 +12,19 @@ constexpr double kOneDegreeSine = 0.0174524;
 constexpr double kCuttingPlaneSine = 1e-10;
 constexpr double kAxisDirection = 0.17452;
 
-// A point in the half plane of its azimuth: how far from the Z axis, and the azimuth itself.
+double FromAxis(const Vec3& p)
+{
+    return CMathFunc::mathLength(p[0], p[1], 0.0);
+}
+
+// On an axis there is no azimuth to move in, however small the tolerance.
+bool OnAxis(const Vec3& p, double tol)
+{
+    const double rho = FromAxis(p);
+    return rho < tol || rho == 0.0;
+}
+
+// The half plane from the Z axis through a point, and how far from the axis the point is in it.
 struct Meridian {
     double cosine, sine;
     double rho;
@@ -23,67 +35,13 @@ struct Meridian {
     }
 };
 
+// Points within tol of the YZ plane count as lying in it.
 Meridian MeridianOf(const Vec3& p, double tol)
 {
-    const double rho = CMathFunc::mathLength(p[0], p[1], 0.0);
-    const double angle = std::abs(p[0]) >= tol ? CMathFunc::mathAcos(p[0] / rho) : CMathFunc::m_pi / 2.0;
-    const double azimuth = p[1] < 0.0 ? -angle : angle;
-    const double cosine = std::cos(azimuth);
-    const double sine = std::sin(azimuth);
-    return {cosine, sine, p[0] * cosine + p[1] * sine};
-}
-
-bool OnAxis(const Vec3& p, double tol)
-{
-    return CMathFunc::mathLength(p[0], p[1], 0.0) < tol;
-}
-
-bool UnitOf(const double* v, Vec3& unit)
-{
-    return CMathFunc::mathNormalize(v[0], v[1], v[2], unit.c[0], unit.c[1], unit.c[2]) != 0;
-}
-
-// A surface x^2 + y^2 + k z^2 + m z = n, met by the line p + s u.
-struct Quadric {
-    double k, m, n;
-
-    // a s^2 + b s + c = 0 along the line.
-    double A(const Vec3& u) const { return u[0] * u[0] + u[1] * u[1] + k * u[2] * u[2]; }
-    double B(const Vec3& p, const Vec3& u) const
-    {
-        return 2.0 * (p[0] * u[0] + p[1] * u[1] + k * p[2] * u[2]) + m * u[2];
-    }
-    double C(const Vec3& p) const { return p[0] * p[0] + p[1] * p[1] + (k * p[2] + m) * p[2] - n; }
-};
-
-// The root nearer to 0; of two equally near ones the positive one.
-bool NearerRoot(double a, double b, double c, double tol, double& s)
-{
-    if (std::abs(a) < tol) {
-        s = -c / b;
-        return !(std::abs(b) < tol);
-    }
-    const double discriminant = b * b - 4.0 * a * c;
-    if (!(discriminant >= 0.0))
-        return false;
-    // Adding what has b's sign loses no digits; the other root follows from their product.
-    const double sum = -(b + std::copysign(std::sqrt(discriminant), b));
-    const double far = sum / (2.0 * a);
-    const double near = sum == 0.0 ? far : 2.0 * c / sum;
-    const bool tie = std::abs(near) == std::abs(far);
-    s = tie ? std::max(near, far) : near;
-    return true;
-}
-
-bool MeetAlong(const Quadric& surface, const double* p, const double* dir, double tol, double* out)
-{
-    const Vec3 point = Load(p);
-    Vec3 u;
-    double s = 0.0;
-    if (!UnitOf(dir, u) || !NearerRoot(surface.A(u), surface.B(point, u), surface.C(point), tol, s))
-        return false;
-    (point + s * u).Store(out);
-    return true;
+    if (std::abs(p[0]) < tol)
+        return {0.0, p[1] < 0.0 ? -1.0 : 1.0, std::abs(p[1])};
+    const double rho = FromAxis(p);
+    return {p[0] / rho, p[1] / rho, rho};
 }
 
 bool MeetPlaneAlong(const double* p, const double* dir, const double* a, const double* b, const double* c,
@@ -93,7 +51,7 @@ bool MeetPlaneAlong(const double* p, const double* dir, const double* a, const d
     const Vec3 normal = Cross(Load(b) - origin, Load(c) - origin);
     Vec3 n;
     Vec3 u;
-    if (!UnitOf(normal.c, n) || !UnitOf(dir, u))
+    if (!UnitOf(normal, n) || !UnitOf(Load(dir), u))
         return false;
     const double sine = Dot(u, n);
     if (std::abs(sine) < leastSine)
@@ -119,11 +77,11 @@ bool CMathFunc::project_on_cylinder_mf_vector(const double* const p, const doubl
                                               double h, double tol, double* const out)
 {
     Vec3 u;
-    if (h <= 0.0 || !UnitOf(dir, u))
+    if (h <= 0.0 || !UnitOf(Load(dir), u))
         return false;
     if (std::abs(u[0]) < tol && std::abs(u[1]) < tol && std::abs(u[2]) < kAxisDirection)
         return false;
-    return MeetAlong({0.0, 0.0, R * R}, p, dir, tol, out);
+    return MeetAlong({{{1.0, 1.0, 0.0}}, 0.0, R * R}, p, dir, tol, out);
 }
 
 bool CMathFunc::project_on_cone_normal(const double* const p, double r1, double r2, double h, double tol,
@@ -131,7 +89,7 @@ bool CMathFunc::project_on_cone_normal(const double* const p, double r1, double 
 {
     if (h <= 0.0)
         return false;
-    if (std::abs(r1 - r2) < tol)
+    if (std::abs(r1 - r2) < tol || r1 == r2)
         return project_on_cylinder_normal(p, r1, h, tol, out);
     const Vec3 point = Load(p);
     if (OnAxis(point, tol))
@@ -154,10 +112,10 @@ bool CMathFunc::project_on_cone_mf_vector(const double* const p, const double* c
 {
     if (h <= 0.0)
         return false;
-    if (std::abs(r1 - r2) < tol)
+    if (std::abs(r1 - r2) < tol || r1 == r2)
         return project_on_cylinder_mf_vector(p, dir, r1, h, tol, out);
     const double slope = (r2 - r1) / h; // of the radius, which is r1 + slope z
-    return MeetAlong({-slope * slope, -2.0 * r1 * slope, r1 * r1}, p, dir, tol, out);
+    return MeetAlong({{{1.0, 1.0, -slope * slope}}, -2.0 * r1 * slope, r1 * r1}, p, dir, tol, out);
 }
 
 bool CMathFunc::project_on_sphere_normal(const double* const p, double R, double tol, double* const out)
@@ -178,7 +136,7 @@ bool CMathFunc::project_on_sphere_normal(const double* const p, double R, double
 bool CMathFunc::project_on_sphere_mf_vector(const double* const p, const double* const dir, double R,
                                             double tol, double* const out)
 {
-    return R > 0.0 && MeetAlong({1.0, 0.0, R * R}, p, dir, tol, out);
+    return R > 0.0 && MeetAlong({{{1.0, 1.0, 1.0}}, 0.0, R * R}, p, dir, tol, out);
 }
 
 bool CMathFunc::project_on_plane_normal(const double* const p, const double* const a, const double* const b,
@@ -195,7 +153,7 @@ bool CMathFunc::project_on_plane_normal(const double* const p, double A, double 
     const Vec3 point = Load(p);
     const Vec3 normal{{A, B, C}};
     const double square = ::Dot(normal, normal);
-    if (square < tol)
+    if (square < tol || square == 0.0)
         return false;
     (point + (D - ::Dot(normal, point)) / square * normal).Store(out);
     return true;

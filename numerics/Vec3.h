@@ -1,6 +1,8 @@
 // A vector as a value, for the routines of numerics/ that would drown in array calls.
 #pragma once
 
+#include "MathFunc.h"
+
 #include <cmath>
 
 struct Vec3 {
@@ -47,4 +49,17 @@ inline Vec3 Cross(const Vec3& a, const Vec3& b)
 inline double Length(const Vec3& v)
 {
     return std::sqrt(Dot(v, v));
+}
+
+// The unit vector along v; false, and zero, when v is shorter than m_NormalZero.
+inline bool UnitOf(const Vec3& v, Vec3& unit)
+{
+    return CMathFunc::mathNormalize(v[0], v[1], v[2], unit.c[0], unit.c[1], unit.c[2]) != 0;
+}
+
+// a / b where callers are told that a degenerate input gives a value that is not a number: a division by zero
+// is meant here, and no sanitizer's business.
+[[gnu::no_sanitize("float-divide-by-zero")]] inline double Ratio(double a, double b)
+{
+    return a / b;
 }
