@@ -104,6 +104,18 @@ TEST(MathFuncLine, SegmentDistanceIsTheLeastOfItsPoints)
     }
 }
 
+// What a host sets as zero decides which directions are none.
+TEST(MathFuncLine, DirectionsAreMeasuredByTheHostsZero)
+{
+    double p1[3] = {0, 0, 0}, p2[3] = {2, 2, 2}, q[3] = {3, 0, 4};
+    const double before = CMathFunc::mathDistanceFromIntersectPointToLine(p1, p2, q);
+    CMathFunc::m_NormalZero = 0.6; // above each component of (2, 2, 2) / |(2, 2, 2)|, below its length
+    const double after = CMathFunc::mathDistanceFromIntersectPointToLine(p1, p2, q);
+    CMathFunc::m_NormalZero = 1e-15;
+    EXPECT_NEAR(before, std::sqrt(25.0 - 49.0 / 3), 1e-14);
+    EXPECT_NEAR(after, 5.0, 1e-15);
+}
+
 TEST(MathFuncLine, FootOfThePerpendicular)
 {
     double x = 0, y = 0, z = 0, t = 0;

@@ -61,6 +61,71 @@ double EnclosedVolume(const double (*pts)[3], const std::vector<std::array<int, 
     return static_cast<double>(sum / 6.0L);
 }
 
+using Extended = std::array<long double, 3>;
+
+long double ExtendedDeterminant(const Extended (&rows)[3])
+{
+    const auto& [a, b, c] = rows;
+    return a[0] * (b[1] * c[2] - b[2] * c[1]) + a[1] * (b[2] * c[0] - b[0] * c[2]) +
+           a[2] * (b[0] * c[1] - b[1] * c[0]);
+}
+
+constexpr long double kAbscissa = 0.5773503;
+
+// The sum over the eight Gauss points of the Jacobian of N_i = (1 +- xi)(1 +- eta)(1 +- zeta) / 8. Corners
+// are taken relative to the first: their sum times the slopes is the same.
+double HexahedronQuadrature(const double (*pts)[3])
+{
+    static constexpr int kSigns[8][3] = {{-1, -1, -1}, {1, -1, -1}, {1, 1, -1}, {-1, 1, -1},
+                                         {-1, -1, 1},  {1, -1, 1},  {1, 1, 1},  {-1, 1, 1}};
+    long double volume = 0.0L;
+    for (const int(&at)[3] : kSigns) {
+        Extended rows[3] = {};
+        for (int i = 0; i < 8; ++i) {
+            const int(&corner)[3] = kSigns[i];
+            for (std::size_t r = 0; r < 3; ++r) {
+                const std::size_t s = (r + 1) % 3, t = (r + 2) % 3;
+                const long double slope =
+                    corner[r] * (1 + kAbscissa * at[s] * corner[s]) * (1 + kAbscissa * at[t] * corner[t]) / 8;
+                for (std::size_t c = 0; c < 3; ++c)
+                    rows[r][c] += slope * (pts[i][c] - pts[0][c]);
+            }
+        }
+        volume += ExtendedDeterminant(rows);
+    }
+    return static_cast<double>(volume);
+}
+
+// The same for N = L_i (1 +- zeta) / 2 at four points of the triangle.
+double WedgeQuadrature(const double (*pts)[3])
+{
+    static constexpr double kNear = 0.19999995231628418;
+    static constexpr double kPoints[4][3] = {{0.33333333, 0.33333333, -0.28125},
+                                             {0.6, kNear, 0.2604166},
+                                             {kNear, 0.6, 0.2604166},
+                                             {kNear, kNear, 0.2604166}};
+    long double volume = 0.0L;
+    for (const double(&at)[3] : kPoints) {
+        for (const long double zeta : {-kAbscissa, kAbscissa}) {
+            const long double share[3] = {at[0], at[1], 1.0L - at[0] - at[1]};
+            Extended rows[3] = {};
+            for (std::size_t i = 0; i < 6; ++i) {
+                const int side = i < 3 ? -1 : 1;
+                const long double half = (1 + side * zeta) / 2;
+                const long double slopes[3] = {i % 3 == 2 ? -half : (i % 3 == 0) * half,
+                                               i % 3 == 2 ? -half : (i % 3 == 1) * half,
+                                               side * share[i % 3] / 2};
+                for (std::size_t r = 0; r < 3; ++r) {
+                    for (std::size_t c = 0; c < 3; ++c)
+                        rows[r][c] += slopes[r] * (pts[i][c] - pts[0][c]);
+                }
+            }
+            volume += at[2] * ExtendedDeterminant(rows);
+        }
+    }
+    return static_cast<double>(volume);
+}
+
 } // namespace
 
 TEST(MathFuncMeasure, SolidsUnderAffineMaps)
@@ -86,6 +151,22 @@ TEST(MathFuncMeasure, SolidsUnderAffineMaps)
         Fill(pts, skew, kPyramid);
         EXPECT_NEAR(Solids::Solid_5(pts), skew.Determinant() / 3.0, 2e-5);
         EXPECT_EQ(CMathFunc::mathVolume(5, pts), 0.0);
+    }
+}
+
+TEST(MathFuncMeasure, SolidsOfAnyShapeAreTheirQuadrature)
+{
+    Random random(54);
+    const Point away[] = {{0, 0, 0}, {1e6, -1e6, 1e6}};
+    for (int i = 0; i < 300; ++i) {
+        const Point& origin = away[i % 2];
+        double pts[8][3];
+        for (double(&p)[3] : pts) {
+            for (std::size_t k = 0; k < 3; ++k)
+                p[k] = origin[k] + random.Number();
+        }
+        EXPECT_NEAR(CMathFunc::mathVolume(8, pts), HexahedronQuadrature(pts), 1e-9);
+        EXPECT_NEAR(CMathFunc::mathVolume(6, pts), WedgeQuadrature(pts), 1e-9);
     }
 }
 
@@ -167,6 +248,37 @@ TEST(MathFuncMeasure, PolygonsEitherWayRound)
     EXPECT_EQ(CMathFunc::mathArea2d(1, x, y), 0.0);
 }
 
+TEST(MathFuncMeasure, LongPolygonsAddUp)
+{
+    Random random(55);
+    for (const std::size_t n : {3U, 31U, 32U, 33U, 34U, 35U, 36U, 37U, 1000U}) {
+        SCOPED_TRACE(n);
+        std::vector<double> x(n), y(n);
+        for (std::size_t i = 0; i < n; ++i) {
+            const double angle = 2.0 * std::numbers::pi * static_cast<double>(i) / static_cast<double>(n);
+            const double radius = 80.0 + random.Number(20.0);
+            x[i] = 50.0 + radius * std::cos(angle);
+            y[i] = -30.0 + radius * std::sin(angle);
+        }
+        long double sum = 0.0L, sumX = 0.0L, sumY = 0.0L;
+        for (std::size_t i = 0; i < n; ++i) {
+            const std::size_t j = (i + 1) % n;
+            const long double cross =
+                static_cast<long double>(x[i]) * y[j] - static_cast<long double>(x[j]) * y[i];
+            sum += cross;
+            sumX += (static_cast<long double>(x[i]) + x[j]) * cross;
+            sumY += (static_cast<long double>(y[i]) + y[j]) * cross;
+        }
+        double cx = 9, cy = 9, area = 9;
+        const int count = static_cast<int>(n);
+        EXPECT_NEAR(CMathFunc::mathArea2d(count, x.data(), y.data()), static_cast<double>(sum / 2), 1e-9);
+        EXPECT_EQ(CMathFunc::mathPolyCentroid(count, x.data(), y.data(), cx, cy, area), 1);
+        EXPECT_NEAR(area, static_cast<double>(sum / 2), 1e-9);
+        EXPECT_NEAR(cx, static_cast<double>(sumX / (3 * sum)), 1e-11);
+        EXPECT_NEAR(cy, static_cast<double>(sumY / (3 * sum)), 1e-11);
+    }
+}
+
 TEST(MathFuncMeasure, DecimalRounding)
 {
     const struct {
@@ -174,57 +286,16 @@ TEST(MathFuncMeasure, DecimalRounding)
         int digits;
         double off, up, down;
     } rows[] = {{2.346, 2, 2.35, 2.35, 2.34}, {2.0, 0, 2.0, 3.0, 2.0},      {-1.5, 0, -1.0, -1.0, -2.0},
-                {-2.5, 0, -2.0, -2.0, -3.0},  {1234, -2, 1200, 1300, 1200}, {1250, -2, 1300, 1300, 1200}};
+                {-2.5, 0, -2.0, -2.0, -3.0},  {1234, -2, 1200, 1300, 1200}, {1250, -2, 1300, 1300, 1200},
+                {0.0, 3, 0.0, 0.001, 0.0},    {-7.0, 1, -7.0, -6.9, -7.0},  {1e30, -29, 1e30, 1.1e30, 1e30},
+                {4e-25, 24, 0.0, 1e-24, 0.0}, {6e-25, 24, 1e-24, 1e-24, 0}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.value);
-        EXPECT_NEAR(CMathFunc::mathRoundOff(row.value, row.digits), row.off, 1e-12);
-        EXPECT_NEAR(CMathFunc::mathRoundUp(row.value, row.digits), row.up, 1e-12);
-        EXPECT_NEAR(CMathFunc::mathRoundDown(row.value, row.digits), row.down, 1e-12);
-    }
-}
-
-TEST(MathFuncMeasure, InverseTimesMatrixIsIdentity)
-{
-    Random random(53);
-    for (int n = 1; n <= 7; ++n) {
-        for (int round = 0; round < 30; ++round) {
-            const auto size = static_cast<std::size_t>(n);
-            std::vector<double> a(size * size), b(size * size, 7.0);
-            for (std::size_t k = 0; k < a.size(); ++k)
-                a[k] = random.Number(1.0) + (k % (size + 1) == 0 ? n : 0); // well conditioned
-            std::vector<double> copy = a;
-            ASSERT_EQ(CMathFunc::mathMxInverse(copy.data(), n, b.data()), 1);
-            for (std::size_t i = 0; i < size; ++i) {
-                for (std::size_t j = 0; j < size; ++j) {
-                    double sum = 0.0;
-                    for (std::size_t k = 0; k < size; ++k)
-                        sum += a[i * size + k] * b[k * size + j];
-                    EXPECT_NEAR(sum, i == j ? 1.0 : 0.0, 1e-11);
-                }
-            }
-        }
-    }
-}
-
-TEST(MathFuncMeasure, InverseOfAwkwardMatrices)
-{
-    const struct {
-        const char* label;
-        double a[4];
-        int result;
-        double b[4];
-    } rows[] = {{"zero first pivot", {0, 2, 4, 0}, 1, {0, 0.25, 0.5, 0}},
-                {"pivot below the tolerance, alone in its column", {1e-13, 0, 0, 1}, 1, {1e13, 0, 0, 1}},
-                {"zero column", {0, 1, 0, 2}, 0, {1, 0, 0, 1}},
-                {"equal rows", {1, 2, 1, 2}, 0, {1, 0, -1, 1}},
-                {"entries that clean up", {1e13, 0, 0, 1}, 1, {0, 0, 0, 1}}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        double a[4], b[4] = {9, 9, 9, 9};
-        std::copy(row.a, row.a + 4, a);
-        EXPECT_EQ(CMathFunc::mathMxInverse(a, 2, b), row.result);
-        EXPECT_THAT(b, testing::Pointwise(testing::DoubleNear(1e-2), row.b));
-        EXPECT_EQ(b[0] == 0.0, row.b[0] == 0.0); // exactly, where entries clean up
+        const double up = CMathFunc::mathRoundUp(row.value, row.digits);
+        const double down = CMathFunc::mathRoundDown(row.value, row.digits);
+        EXPECT_DOUBLE_EQ(CMathFunc::mathRoundOff(row.value, row.digits), row.off);
+        EXPECT_DOUBLE_EQ(up, row.up);
+        EXPECT_DOUBLE_EQ(down, row.down);
     }
 }
 

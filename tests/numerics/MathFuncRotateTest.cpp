@@ -125,6 +125,9 @@ TEST(MathFuncRotate, DirectionAnglesCarryOntoZ)
     double a1 = 5.0, a2 = 5.0;
     CMathFunc::mathVec2Ang(0.0, 0.0, 0.0, a1, a2);
     EXPECT_TRUE(std::signbit(a1));
+    CMathFunc::mathVec2Ang(0.0, NAN, 0.0, a1, a2); // no length that would be long enough
+    EXPECT_EQ(a1, 0.0);
+    EXPECT_EQ(a2, 0.0);
 }
 
 TEST(MathFuncRotate, AnglesBetweenVectors)
@@ -147,6 +150,8 @@ TEST(MathFuncRotate, AnglesBetweenVectors)
         EXPECT_NEAR(CMathFunc::mathCrossAngle(a, b, row.normal.data()), row.round, 1e-12);
     }
     EXPECT_TRUE(std::isnan(CMathFunc::mathCrossAngle(0.0, 0.0, 0.0, 1.0, 0.0, 0.0)));
+    double a[3] = {1, 0, 0}, b[3] = {0, 1, 0}, none[3] = {0, 0, 0};
+    EXPECT_NEAR(CMathFunc::mathCrossAngle(a, b, none), 270.0, 1e-12); // no side is not that of a x b
 }
 
 TEST(MathFuncRotate, AngleRoundANormalIsTheTurn)
@@ -224,7 +229,7 @@ TEST(MathFuncRotate, CoordinateSystemsAreInverse)
 
     double points[2][3] = {{3.0, 4.0, 5.0}, {6.0, 8.0, 10.0}};
     CMathFunc::mathTranUCS(frame[1], frame[2], frame[0], 1, points);
-    CMathFunc::mathTranUCS(frame[1], frame[2], frame[0], -1, points);
+    CMathFunc::mathTranUCS(nullptr, nullptr, nullptr, -1, points);
     EXPECT_NEAR(points[0][0], 0.0, 1e-14);
     EXPECT_NEAR(points[0][1], 5.0, 1e-14);
     EXPECT_NEAR(points[0][2], 5.0, 1e-14);
