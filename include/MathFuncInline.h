@@ -212,14 +212,14 @@ inline int CMathFunc::mathNormalize(double x, double y, double& ox, double& oy)
 
 // ---- Matrices ----
 
+// The sums start at 0, which no product of -0 turns negative.
 inline void CMathFunc::mathMxMult(double (*const A)[4], double (*const B)[4], double (*const C)[4])
 {
-    double product[4][4] = {};
+    double product[4][4];
     for (int i = 0; i < 4; ++i) {
-        for (int k = 0; k < 4; ++k) {
-            for (int j = 0; j < 4; ++j)
-                product[i][j] += A[i][k] * B[k][j];
-        }
+        for (int j = 0; j < 4; ++j)
+            product[i][j] =
+                0.0 + A[i][0] * B[0][j] + A[i][1] * B[1][j] + A[i][2] * B[2][j] + A[i][3] * B[3][j];
     }
     for (int i = 0; i < 4; ++i) {
         for (int j = 0; j < 4; ++j)
@@ -229,11 +229,9 @@ inline void CMathFunc::mathMxMult(double (*const A)[4], double (*const B)[4], do
 
 inline void CMathFunc::mathVecMult(double* const v, double (*const M)[4], double* const out)
 {
-    double product[4] = {};
-    for (int i = 0; i < 4; ++i) {
-        for (int j = 0; j < 4; ++j)
-            product[j] += v[i] * M[i][j];
-    }
+    double product[4];
+    for (int j = 0; j < 4; ++j)
+        product[j] = 0.0 + v[0] * M[0][j] + v[1] * M[1][j] + v[2] * M[2][j] + v[3] * M[3][j];
     for (int j = 0; j < 4; ++j)
         out[j] = product[j];
 }

@@ -27,12 +27,12 @@ constinit double CMathFunc::m_trang = 180.0 / std::numbers::pi;
 
 double CMathFunc::mathSin(double rad)
 {
-    return Snapped(std::sin(rad));
+    return Snapped(SineCosineOf(rad).sine);
 }
 
 double CMathFunc::mathCos(double rad)
 {
-    return Snapped(std::cos(rad));
+    return Snapped(SineCosineOf(rad).cosine);
 }
 
 // A value that is no number stays one when it is limited.

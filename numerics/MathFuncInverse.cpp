@@ -5,6 +5,7 @@
 #include "MathFunc.h"
 
 #include "RowReduction.h"
+#include "SmallInverse.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,7 +38,6 @@ private:
     void DivideRestOfRow(int row, double pivot, int width);
     void ForgetFactors(int from, int end);
     void SubstituteBack();
-    void CleanUp();
 
     double* m_left;
     double* m_right;
@@ -145,12 +145,6 @@ void Elimination::SubstituteBack()
     }
 }
 
-void Elimination::CleanUp()
-{
-    for (double* entry = m_right; entry < m_right + m_size * m_size; ++entry)
-        *entry = std::abs(*entry) < kNoEntry ? 0.0 : *entry;
-}
-
 bool Elimination::Run()
 {
     MakeIdentity();
@@ -164,13 +158,24 @@ bool Elimination::Run()
         from = end;
     }
     SubstituteBack();
-    CleanUp();
     return true;
+}
+
+void CleanUp(double* matrix, std::ptrdiff_t entries)
+{
+    for (double* entry = matrix; entry < matrix + entries; ++entry)
+        *entry = std::abs(*entry) < kNoEntry ? 0.0 : *entry;
 }
 
 } // namespace
 
 int CMathFunc::mathMxInverse(double* A, int n, double* B)
 {
-    return n <= 0 || Elimination(A, B, n).Run() ? 1 : 0;
+    if (n <= 0)
+        return 1;
+    const bool inverted =
+        n <= kLargestSmallMatrix ? InvertSmall(A, n, B, kNoPivot) : Elimination(A, B, n).Run();
+    if (inverted)
+        CleanUp(B, static_cast<std::ptrdiff_t>(n) * n);
+    return inverted ? 1 : 0;
 }

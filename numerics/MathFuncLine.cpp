@@ -137,16 +137,16 @@ void CMathFunc::mathPLCrossPoint(double x0, double y0, double z0, double dx, dou
 
 double CMathFunc::mathDistanceToLine(double* const p1, double* const p2, double* const q)
 {
-    const Vec3 start = Load(p1);
-    const Vec3 end = Load(p2);
-    const Vec3 point = Load(q);
-    Vec3 unit;
-    if (!UnitDirection(start, end, unit))
-        return ::Length(point - start);
-    const double t = ::Dot(point - start, unit) / ::Dot(unit, unit);
-    if (t >= ::Length(end - start))
-        return ::Length(point - end);
-    return ::Length(point - (t > 0.0 ? start + t * unit : start));
+    const Vec3 along = Load(p2) - Load(p1);
+    const Vec3 fromStart = Load(q) - Load(p1);
+    const double squareLength = ::Dot(along, along);
+    // Both times the length: what lies at t of the unit direction lies at t / length of the segment.
+    const double reach = ::Dot(fromStart, along);
+    if (reach <= 0.0 || std::sqrt(squareLength) < m_NormalZero)
+        return ::Length(fromStart);
+    if (reach >= squareLength)
+        return ::Length(Load(q) - Load(p2));
+    return ::Length(fromStart - reach / squareLength * along);
 }
 
 double CMathFunc::mathDistanceFromIntersectPointToLine(double* const p1, double* const p2, double* const q)

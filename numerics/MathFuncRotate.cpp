@@ -38,8 +38,8 @@ struct Turn {
 
 Turn TurnBy(double degrees)
 {
-    const double rad = degrees * CMathFunc::m_trrad;
-    return {Snapped(std::cos(rad)), Snapped(std::sin(rad))};
+    const auto [sine, cosine] = SineCosineOf(degrees * CMathFunc::m_trrad);
+    return {Snapped(cosine), Snapped(sine)};
 }
 
 // The turn whose angle has this sine and, where it tells, cosine: without the way over the angle and back.

@@ -7,6 +7,10 @@ namespace {
 // So many columns of all steps stay in the nearest cache while the rows pass.
 constexpr int kStrip = 64;
 
+// A tile fills the registers of any processor with 16 vectors of two.
+constexpr int kRows = 3;
+constexpr int kColumns = 8;
+
 // One tile, held in registers; its first row is `row` of the rows to reduce.
 template <int Rows, int Columns>
 void ReduceTile(const Steps& steps, double* target, std::ptrdiff_t stride, int row, int column)
@@ -48,9 +52,9 @@ void ReduceRows(const Steps& steps, double* target, std::ptrdiff_t stride, int r
     for (int strip = from; strip < to; strip += kStrip) {
         const int end = std::min(strip + kStrip, to);
         int row = 0;
-        for (; row + 4 <= rows; row += 4)
-            ReduceStrip<4, 4>(steps, target, stride, row, strip, end);
+        for (; row + kRows <= rows; row += kRows)
+            ReduceStrip<kRows, kColumns>(steps, target, stride, row, strip, end);
         for (; row < rows; ++row)
-            ReduceStrip<1, 8>(steps, target, stride, row, strip, end);
+            ReduceStrip<1, kColumns>(steps, target, stride, row, strip, end);
     }
 }

@@ -5,6 +5,14 @@
 
 #include <cmath>
 
+struct SineCosine {
+    double sine, cosine;
+};
+
+// Of radians, the same on every platform to the last bit or two: run-time libraries that leave the whole job
+// to the processor lose digits beside the multiples of pi.
+SineCosine SineCosineOf(double rad);
+
 inline double Snapped(double r)
 {
     const double zero = CMathFunc::m_NormalZero;

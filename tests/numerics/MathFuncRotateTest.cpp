@@ -150,6 +150,10 @@ TEST(MathFuncRotate, AnglesBetweenVectors)
         EXPECT_NEAR(CMathFunc::mathCrossAngle(a, b, row.normal.data()), row.round, 1e-12);
     }
     EXPECT_TRUE(std::isnan(CMathFunc::mathCrossAngle(0.0, 0.0, 0.0, 1.0, 0.0, 0.0)));
+    for (int k = 1; k < 30; ++k) { // parallel, though rounding sees an angle
+        double one[3] = {1, 7, 3}, multiple[3] = {k * 1.0, k * 7.0, k * 3.0}, up[3] = {0, 0, 1};
+        EXPECT_LT(CMathFunc::mathCrossAngle(one, multiple, up), 1e-5) << k;
+    }
     double a[3] = {1, 0, 0}, b[3] = {0, 1, 0}, none[3] = {0, 0, 0};
     EXPECT_NEAR(CMathFunc::mathCrossAngle(a, b, none), 270.0, 1e-12); // no side is not that of a x b
 }
