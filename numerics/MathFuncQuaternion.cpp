@@ -2,21 +2,13 @@
 #include "MathFunc.h"
 
 #include "Quaternion.h"
+#include "Vec3.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace {
-
-// Opposite vectors divide by zero, as callers are told.
-[[gnu::no_sanitize("float-divide-by-zero")]] float Ratio(float a, float b)
-{
-    return a / b;
-}
-
-} // namespace
-
 // With t between u and v, sqrt(2 (1 + cos t)) is 2 cos(t / 2), and |u x v| is 2 sin(t / 2) cos(t / 2).
+// Opposite vectors divide by zero, as callers are told.
 CQuaternion CMathFunc::RotationArc(float* const u, float* const v)
 {
     const float s = std::sqrt(2.0f * (1.0f + (u[0] * v[0] + u[1] * v[1] + u[2] * v[2])));

@@ -59,7 +59,8 @@ inline bool UnitOf(const Vec3& v, Vec3& unit)
 
 // a / b where callers are told that a degenerate input gives a value that is not a number: a division by zero
 // is meant here, and no sanitizer's business.
-[[gnu::no_sanitize("float-divide-by-zero")]] inline double Ratio(double a, double b)
+template <class Number>
+__attribute__((no_sanitize("float-divide-by-zero"))) inline Number Ratio(Number a, Number b)
 {
     return a / b;
 }
