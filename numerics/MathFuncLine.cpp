@@ -142,7 +142,7 @@ double CMathFunc::mathDistanceToLine(double* const p1, double* const p2, double*
     const double squareLength = ::Dot(along, along);
     // Both times the length: what lies at t of the unit direction lies at t / length of the segment.
     const double reach = ::Dot(fromStart, along);
-    if (reach <= 0.0 || std::sqrt(squareLength) < m_NormalZero)
+    if (reach <= 0.0 || squareLength < m_NormalZero * m_NormalZero)
         return ::Length(fromStart);
     if (reach >= squareLength)
         return ::Length(Load(q) - Load(p2));
