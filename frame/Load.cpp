@@ -5,6 +5,7 @@
 
 #include <LocaleLib.h>
 #include <Product.h>
+#include <ServiceHeadOffice.h>
 #include <SpecialChar.h>
 
 #include <afxwin.h>
@@ -50,7 +51,10 @@ int CSpecialChar::m_bInit = CSpecialChar::InitSpecialChar();
 // 4. The product.
 int CProduct::m_bInit = CProduct::Initialize();
 
-// 5. The entry, which lets the host's searches for resources and run-time classes find this library. The
+// 5. The office of services: it ends before all of the above, and after every object of a host's.
+[[maybe_unused]] static const CServiceHeadOffice* const g_headOffice = CServiceHeadOffice::Instance();
+
+// 6. The entry, which lets the host's searches for resources and run-time classes find this library. The
 // header stands here because it runs the entry, on platforms where the system does not.
 #include <afxdllx.h>
 
