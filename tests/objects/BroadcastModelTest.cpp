@@ -196,7 +196,7 @@ void Connector::OnUpdate(CView*, LPARAM, CObject*)
 
 TEST(BroadcastModel, AgreesAfterEveryStep)
 {
-    const int steps = RandomSteps(100000);
+    const int steps = RandomSteps(250000);
     Randoms random(kSeed);
     World world(random);
     while (world.Acts() < steps) {

@@ -173,7 +173,7 @@ private:
 
 TEST(ModuleModel, AgreesAfterEveryStep)
 {
-    const int steps = RandomSteps(100000);
+    const int steps = RandomSteps(250000);
     Randoms random(kSeed);
     Modules modules;
     for (int step = 0; step < steps; ++step) {
@@ -282,7 +282,7 @@ void RunOne(Randoms& random, int steps)
 
 TEST(PartModel, AgreesAfterEveryStep)
 {
-    const int steps = RandomSteps(100000);
+    const int steps = RandomSteps(250000);
     Randoms random(kSeed);
     for (int done = 0; done < steps;) {
         const int length = 1 + random.Below(200);

@@ -187,7 +187,7 @@ public:
 
 TEST(ObserverModel, AgreesAfterEveryStep)
 {
-    const int steps = RandomSteps(100000);
+    const int steps = RandomSteps(250000);
     Randoms random(kSeed);
     Pair pair;
     for (int step = 0; step < steps; ++step) {
