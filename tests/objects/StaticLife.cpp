@@ -10,8 +10,7 @@
 
 namespace {
 
-// The host's own static object, made before the modules and ended after them where it is built into the
-// program.
+// The host's own: it listens while modules are unloaded, and is gone when the process ends.
 class HostConnector : public CDBUpdateConnector
 {
 public:
@@ -21,8 +20,6 @@ public:
         std::fflush(stdout);
     }
 };
-
-HostConnector g_connector;
 
 struct Loaded {
     explicit Loaded(const char* name) : module(LoadLibraryA(name)) {}
@@ -53,6 +50,7 @@ int main(int argc, char** argv)
 {
     if (argc != 4)
         return 2;
+    const HostConnector connector;
     const Loaded modules[] = {Loaded(argv[1]), Loaded(argv[2])};
     if (!Meet(modules[0], modules[1]) || !Meet(modules[1], modules[0]))
         return 1;
