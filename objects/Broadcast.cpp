@@ -5,6 +5,7 @@
 #include <afxsort_.h>
 
 #include <algorithm>
+#include <utility>
 
 ConnectorList& ConnectorList::Instance()
 {
@@ -25,7 +26,7 @@ void ConnectorList::Add(CDBUpdateConnector* connector)
     if (Find(connector) >= 0)
         return;
     m_connectors.Add(connector);
-    m_ordered = false;
+    Changed();
 }
 
 void ConnectorList::Remove(CDBUpdateConnector* connector)
@@ -36,7 +37,7 @@ void ConnectorList::Remove(CDBUpdateConnector* connector)
     for (Delivery* delivery = m_running; delivery; delivery = delivery->Outer())
         delivery->Removed(connector);
     m_connectors.RemoveAt(index);
-    m_ordered = false;
+    Changed();
 }
 
 void ConnectorList::Forget(const CDBUpdateConnector* connector)
@@ -45,32 +46,55 @@ void ConnectorList::Forget(const CDBUpdateConnector* connector)
         delivery->Forget(connector);
 }
 
-const std::vector<CDBUpdateConnector*>& ConnectorList::Order()
+std::vector<CDBUpdateConnector*> ConnectorList::Sorted() const
 {
-    if (m_ordered)
-        return m_order;
     std::vector<T_POS_INT_PAIR> pairs;
     pairs.reserve(static_cast<std::size_t>(Count()));
     for (int i = 0; i < Count(); ++i)
         pairs.push_back({i, m_connectors[i]->GetPriority()});
     AfxQSort(pairs.data(), pairs.size(), sizeof(T_POS_INT_PAIR), &CCompFunc::PosIntPairA);
-    m_order.clear();
+    std::vector<CDBUpdateConnector*> order;
+    order.reserve(pairs.size());
     std::for_each(pairs.rbegin(), pairs.rend(),
-                  [this](const T_POS_INT_PAIR& pair) { m_order.push_back(m_connectors[pair.index]); });
-    m_ordered = true;
-    return m_order;
+                  [this, &order](const T_POS_INT_PAIR& pair) { order.push_back(m_connectors[pair.index]); });
+    return order;
+}
+
+std::vector<CDBUpdateConnector*> ConnectorList::BorrowOrder()
+{
+    if (std::exchange(m_hasOrder, false))
+        return std::move(m_order);
+    return m_running && m_running->m_version == m_version ? m_running->m_slots : Sorted();
+}
+
+void ConnectorList::ReturnOrder(std::vector<CDBUpdateConnector*>& order, unsigned version)
+{
+    if (version != m_version)
+        return;
+    m_order = std::move(order);
+    m_hasOrder = true;
 }
 
 Delivery::Delivery(ConnectorList& list)
-    : m_list(list), m_outer(list.m_running), m_slots(list.Order()), m_count(list.Count())
+    : m_list(list), m_outer(list.m_running), m_slots(list.BorrowOrder()), m_version(list.m_version),
+      m_count(list.Count())
 {
     m_list.m_running = this;
 }
 
+Delivery::~Delivery()
+{
+    m_list.m_running = m_outer;
+    m_list.ReturnOrder(m_slots, m_version);
+}
+
 void Delivery::Run(CView* sender, LPARAM hint, CObject* hintObject)
 {
-    while (m_next < m_slots.size()) {
-        if (CDBUpdateConnector* connector = m_slots[m_next++])
+    const std::size_t count = m_slots.size();
+    for (std::size_t next = 0; next < count;) {
+        CDBUpdateConnector* connector = m_slots[next++];
+        m_next = next;
+        if (connector)
             connector->OnUpdate(sender, hint, hintObject);
         if (m_list.Count() != m_count)
             CheckLater();

@@ -23,18 +23,26 @@ public:
     void Remove(CDBUpdateConnector* connector);
     // The connector ends: no running broadcast calls it any more.
     void Forget(const CDBUpdateConnector* connector);
-    void PriorityChanged() { m_ordered = false; }
-
-    // In the order of calls, as priorities are now. Valid until the list or a priority changes.
-    const std::vector<CDBUpdateConnector*>& Order();
+    // The order of calls has changed.
+    void Changed()
+    {
+        ++m_version;
+        m_hasOrder = false;
+    }
 
 private:
     friend class Delivery;
     ConnectorList() = default;
 
+    std::vector<CDBUpdateConnector*> Sorted() const;
+    // The order of calls, lent for a broadcast: most find it as the last one left it.
+    std::vector<CDBUpdateConnector*> BorrowOrder();
+    void ReturnOrder(std::vector<CDBUpdateConnector*>& order, unsigned version);
+
     CArray<CDBUpdateConnector*, CDBUpdateConnector*> m_connectors; // as they came
+    unsigned m_version = 0;                                        // of the order of calls
     std::vector<CDBUpdateConnector*> m_order;
-    bool m_ordered = false;
+    bool m_hasOrder = false;       // whether m_order is that of this version
     Delivery* m_running = nullptr; // the innermost
 };
 
@@ -43,7 +51,7 @@ class Delivery
 {
 public:
     explicit Delivery(ConnectorList& list);
-    ~Delivery() { m_list.m_running = m_outer; }
+    ~Delivery();
     Delivery(const Delivery&) = delete;
     Delivery& operator=(const Delivery&) = delete;
 
@@ -54,12 +62,14 @@ public:
     Delivery* Outer() const { return m_outer; }
 
 private:
+    friend class ConnectorList;
     void PassOver(const CDBUpdateConnector* connector);
     void CheckLater();
 
     ConnectorList& m_list;
     Delivery* m_outer;
-    std::vector<CDBUpdateConnector*> m_slots; // null: passed over
+    std::vector<CDBUpdateConnector*> m_slots; // null: passed over, which needs a change
+    unsigned m_version;                       // of the order when it was lent
     std::size_t m_next = 0;
     int m_count;                                             // of connectors, when it was looked at last
     std::unordered_set<const CDBUpdateConnector*> m_removed; // since the last check

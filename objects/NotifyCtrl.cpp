@@ -50,7 +50,7 @@ void CDBUpdateConnector::Disconnect()
 void CDBUpdateConnector::SetPriority(int nPriority)
 {
     if (nPriority != m_nPriority)
-        ConnectorList::Instance().PriorityChanged();
+        ConnectorList::Instance().Changed();
     m_nPriority = nPriority;
 }
 

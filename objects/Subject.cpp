@@ -6,7 +6,8 @@ namespace {
 
 constexpr int kSubjectEnds = -1;
 
-// A Notify that is running on this thread.
+// A Notify that is running on this thread: how far it is, and whether its subject's list has changed since it
+// looked last.
 class Notification
 {
 public:
@@ -18,33 +19,52 @@ public:
     Notification(const Notification&) = delete;
     Notification& operator=(const Notification&) = delete;
 
-    // -1 behind the last, and when the subject is gone.
-    int Next() { return m_next < m_end ? m_next++ : -1; }
+    bool HasNext()
+    {
+        m_changed = false;
+        return m_next < m_end;
+    }
+    int Next() const { return m_next; }
+    int End() const { return m_end; }
+    void Advance(int next) { m_next = next; }
+    bool IsChanged() const { return m_changed; }
 
+    static void Attached(const DP_CSubject* subject)
+    {
+        ForEachOf(subject, [](Notification& running) { running.m_changed = true; });
+    }
     static void Detached(const DP_CSubject* subject, int index)
     {
-        for (Notification* running = t_running; running; running = running->m_outer) {
-            if (running->m_subject != subject)
-                continue;
-            running->m_next -= index < running->m_next;
-            running->m_end -= index < running->m_end;
-        }
+        ForEachOf(subject, [index](Notification& running) {
+            running.m_changed = true;
+            running.m_next -= index < running.m_next;
+            running.m_end -= index < running.m_end;
+        });
     }
-
     static void Ended(const DP_CSubject* subject)
     {
-        for (Notification* running = t_running; running; running = running->m_outer) {
-            if (running->m_subject == subject)
-                running->m_end = 0;
-        }
+        ForEachOf(subject, [](Notification& running) {
+            running.m_changed = true;
+            running.m_end = 0;
+        });
     }
 
 private:
+    template <class Change>
+    static void ForEachOf(const DP_CSubject* subject, Change change)
+    {
+        for (Notification* running = t_running; running; running = running->m_outer) {
+            if (running->m_subject == subject)
+                change(*running);
+        }
+    }
+
     static thread_local constinit Notification* t_running;
 
     const DP_CSubject* m_subject;
     int m_next = 0;
     int m_end;
+    bool m_changed = false;
     Notification* m_outer;
 };
 
@@ -75,6 +95,7 @@ int DP_CSubject::Attach(DP_CObserver* pObserver)
     if (!pObserver || Find(pObserver))
         return 0;
     m_observers.Add(pObserver);
+    Notification::Attached(this);
     return 1;
 }
 
@@ -88,11 +109,21 @@ int DP_CSubject::Detach(DP_CObserver* pObserver)
     return 1;
 }
 
+// What the list is like is looked up again only when somebody has changed it: the loop is as fast as one over
+// a plain array. Behind a change nothing of this object is touched before HasNext says that it is still
+// there.
 void DP_CSubject::Notify(int nCode, void* pData)
 {
-    Notification notification(this, m_observers.GetSize());
-    for (int index = notification.Next(); index >= 0; index = notification.Next())
-        m_observers.GetData()[index]->Update(this, nCode, pData);
+    Notification running(this, m_observers.GetSize());
+    while (running.HasNext()) {
+        DP_CObserver* const* const observers = m_observers.GetData();
+        const int end = running.End();
+        for (int next = running.Next(); next < end && !running.IsChanged();) {
+            DP_CObserver* observer = observers[next++];
+            running.Advance(next);
+            observer->Update(this, nCode, pData);
+        }
+    }
 }
 
 int DP_CSubject::Find(DP_CObserver* pObserver)
