@@ -2,14 +2,14 @@
 
 usage: check_examples.py PAGE.md FILE...
 
-Examples in C++ are looked for in the files ending in .cpp, resource scripts in those ending in .rc, CMake in those
-called CMakeLists.txt. A language of which there is no such file is not looked at.
+Examples in C++ are looked for in the files ending in .cpp or .h, resource scripts in those ending in .rc, CMake in
+those called CMakeLists.txt. A language of which there is no such file is not looked at.
 """
 import os
 import re
 import sys
 
-LANGUAGES = {".cpp": "cpp", ".rc": "rc", ".txt": "cmake"}
+LANGUAGES = {".cpp": "cpp", ".h": "cpp", ".rc": "rc", ".txt": "cmake"}
 
 
 def squeezed(text):
