@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 using testing::ElementsAre;
@@ -156,6 +158,25 @@ TEST(ServiceHeadOffice, IsOne)
     EXPECT_EQ(office, CServiceHeadOffice::Instance());
     EXPECT_EQ(1, office->RegAgency("ServiceHeadOfficeTest", new Agency(6)));
     EXPECT_EQ(6, CServiceHeadOffice::Instance()->ReqService("ServiceHeadOfficeTest", 0, nullptr));
+}
+
+TEST(ServiceHeadOffice, SeveralThreadsMayAsk)
+{
+    Office office;
+    for (int i = 0; i < 100; ++i)
+        office.RegAgency(std::to_string(i).c_str(), new Agency(i));
+    std::atomic<int> wrong{0};
+    const auto ask = [&office, &wrong] {
+        for (int i = 0; i < 1000; ++i)
+            wrong += office.ReqService(std::to_string(i % 101).c_str(), 0, nullptr) !=
+                     (i % 101 < 100 ? i % 101 : -1);
+    };
+    std::thread first(ask);
+    std::thread second(ask);
+    ask();
+    first.join();
+    second.join();
+    EXPECT_EQ(0, wrong);
 }
 
 TEST(ServiceHeadOffice, FindsEachOfMany)
