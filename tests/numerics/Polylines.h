@@ -79,7 +79,7 @@ inline const PolylineFamily kPolylineFamilies[] = {
          const T_POINT3D p = Spiral(i, 0.0);
          return T_POINT3D{p.x + 1e8, p.y, -3e8};
      }},
-    // Rounding of long segments parts neighbours from their joints, which are contacts then.
+    // Rounding of long segments is larger than the distance that counts as a contact.
     {"spiral of long strokes",
      [](Random& r, int i, int) {
          const T_POINT3D p = Spiral(i, 0.01 * r.Number(1.0));
