@@ -5,6 +5,7 @@
 
 #include <LocaleLib.h>
 #include <Product.h>
+#include <ProfileMgr.h>
 #include <ServiceHeadOffice.h>
 #include <SpecialChar.h>
 
@@ -51,10 +52,15 @@ int CSpecialChar::m_bInit = CSpecialChar::InitSpecialChar();
 // 4. The product.
 int CProduct::m_bInit = CProduct::Initialize();
 
-// 5. The office of services: it ends before all of the above, and after every object of a host's.
+// 5. The profiler's table, and what prints it when the library goes: first, while the table is there.
+std::atomic<int> CProfileMgr::m_bStopped = 1;
+CProfileMgr CProfileMgr::m_shared;
+CProfileReporter CProfileReporter::m_default;
+
+// 6. The office of services: it ends before all of the above, and after every object of a host's.
 [[maybe_unused]] static const CServiceHeadOffice* const g_headOffice = CServiceHeadOffice::Instance();
 
-// 6. The entry, which lets the host's searches for resources and run-time classes find this library. The
+// 7. The entry, which lets the host's searches for resources and run-time classes find this library. The
 // header stands here because it runs the entry, on platforms where the system does not.
 #include <afxdllx.h>
 

@@ -3,8 +3,10 @@
 
 #include <afx.h>
 
+#include "AllocMap.h"
 #include "ArrayUtil.h"
 #include "AutoIDMaker.h"
+#include "Benchmark.h"
 #include "CompFunc.h"
 #include "DynModuleMgr.h"
 #include "ErrorState.h"
@@ -23,6 +25,9 @@
 #include "NumericOptimizer.h"
 #include "Product.h"
 #include "ProductInfo.h"
+#include "ProfileMgr.h"
+#include "ProfileScope.h"
+#include "Profiler.h"
 #include "QSort.h"
 #include "Quaternion.h"
 #include "RandomColor.h"

@@ -31,6 +31,8 @@ std::optional<std::string> EnvironmentText(const char* name)
     return value ? std::optional<std::string>(value) : std::nullopt;
 }
 
+std::atomic<unsigned> g_environmentChanges = 0;
+
 DWORD WINAPI GetEnvironmentVariableA(LPCSTR name, LPSTR buffer, DWORD size)
 {
     const auto value = name ? EnvironmentText(name) : std::nullopt;
@@ -48,5 +50,6 @@ BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value)
     if (!value && !std::getenv(name))
         return Fail(ERROR_ENVVAR_NOT_FOUND);
     const int result = value ? setenv(name, value, 1) : unsetenv(name);
+    g_environmentChanges.fetch_add(1, std::memory_order_relaxed);
     return result == 0 || FailErrno();
 }

@@ -37,7 +37,8 @@ std::string WithoutSlashAtEnd(std::string path)
 std::string Absolute(const std::string& path)
 {
     static std::mutex mutex;
-    static std::string seen, answer;
+    static std::string& seen = *new std::string; // neither destroyed: reports are written while the process ends
+    static std::string& answer = *new std::string;
     const std::lock_guard lock(mutex);
     if (seen != path) {
         std::error_code ignored;
@@ -97,7 +98,7 @@ std::string DriveCPath()
 std::string DriveCFolder()
 {
     static std::mutex mutex;
-    static std::string made;
+    static std::string& made = *new std::string; // never destroyed, as above
     const std::string home = HomeFolder();
     if (home.empty())
         return "";

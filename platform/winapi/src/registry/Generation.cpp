@@ -8,10 +8,12 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <utility>
+
 namespace {
 
-constexpr std::size_t kFileSize = sizeof(std::atomic<std::uint64_t>);
-static_assert(std::atomic<std::uint64_t>::is_always_lock_free, "the counter is shared between processes");
+constexpr std::size_t kFileSize = sizeof(Generation::Shared);
+static_assert(Generation::Shared::is_always_lock_free, "the counter is shared between processes");
 
 bool IsOdd(std::uint64_t count)
 {
@@ -41,6 +43,12 @@ bool LockRange(int file, short how)
 
 } // namespace
 
+const Generation::Shared* Generation::Map(const std::string& path)
+{
+    Generation generation;
+    return generation.Open(path, true) ? std::exchange(generation.m_counter, nullptr) : nullptr;
+}
+
 bool Generation::Open(const std::string& path, bool readOnly)
 {
     Close();
@@ -56,7 +64,7 @@ bool Generation::Open(const std::string& path, bool readOnly)
         Close();
         return false;
     }
-    m_counter = static_cast<std::atomic<std::uint64_t>*>(mapped);
+    m_counter = static_cast<Shared*>(mapped);
     return true;
 }
 
@@ -81,7 +89,7 @@ std::uint64_t Generation::Current()
         count = m_counter->load(std::memory_order_acquire);
         Lock(m_file, LOCK_UN);
     }
-    return IsOdd(count) ? kUnsettled : count;
+    return Settled(count);
 }
 
 // Under the lock: an odd counter is a dead writer's.

@@ -18,6 +18,13 @@ class Generation
 public:
     // Never the counter's value: what Current() answers when nothing may be kept.
     static constexpr std::uint64_t kUnsettled = ~std::uint64_t{0};
+    using Shared = std::atomic<std::uint64_t>;
+
+    // The counter in an existing file, for readers that ask nothing but it; null without one. It stays mapped
+    // to the end of the process.
+    static const Shared* Map(const std::string& path);
+    // A counter's value, or kUnsettled for one that is found during a write.
+    static std::uint64_t Settled(std::uint64_t count) { return count % 2 != 0 ? kUnsettled : count; }
 
     Generation() = default;
     ~Generation() { Close(); }
@@ -44,7 +51,7 @@ public:
 private:
     void Settle();
 
-    std::atomic<std::uint64_t>* m_counter = nullptr;
+    Shared* m_counter = nullptr;
     int m_file = -1;
     bool m_readOnly = false;
     bool m_writing = false; // the lock is this object's own

@@ -42,11 +42,7 @@ struct ForkHandlers {
     {
         Store& store = Store::Instance();
         store.m_database.Abandon();
-        store.m_generation.Close();
-        store.m_kept.clear();
-        store.m_keptCount = 0;
-        store.m_keptAt = Generation::kUnsettled;
-        store.m_lastChild = store.m_lastValue = {};
+        store.Disconnect();
         store.m_lock.unlock();
     }
 };
@@ -62,10 +58,25 @@ Store::Store()
     pthread_atfork(ForkHandlers::Prepare, ForkHandlers::Parent, ForkHandlers::Child);
 }
 
+void Store::Disconnect()
+{
+    m_database.Close();
+    m_generation.Close();
+    m_kept.clear();
+    m_keptCount = 0;
+    m_keptAt = Generation::kUnsettled;
+    m_lastChild = m_lastValue = {};
+}
+
+// The home folder may be another than it was: a program that chooses its own does so when the library has
+// long been loaded.
 LONG Store::Connect()
 {
-    if (m_database.IsOpen())
+    const std::string path = HomePath();
+    if (m_database.IsOpen() && path == m_home)
         return ERROR_SUCCESS;
+    Disconnect();
+    m_home = path;
     const std::string home = ResolvedHome();
     if (home.empty())
         return ERROR_ACCESS_DENIED;

@@ -89,6 +89,7 @@ private:
     template <class Question>
     LONG Ask(Question&& question);
     LONG Connect();
+    void Disconnect();
     LONG Load(const std::string& path, const std::string& folded, FoundValue& found);
     LONG Exists(const std::string& path, bool& exists);
     LONG Touch(const std::string& path);
@@ -98,6 +99,7 @@ private:
 
     friend struct ForkHandlers;
     std::mutex m_lock;
+    std::string m_home; // whose registry is connected
     Database m_database;
     Generation m_generation;
     std::unordered_map<std::string, KeptKey> m_kept;

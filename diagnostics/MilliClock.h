@@ -1,0 +1,8 @@
+// The home platform's clock(): milliseconds of wall-clock time. That of other platforms counts something
+// else.
+#pragma once
+
+#include <windef.h>
+
+// Since the library's load; wraps after 24.8 days.
+LONG MilliClock();

@@ -1,0 +1,20 @@
+#include "TrackerSwitches.h"
+
+#include <Product.h>
+
+#include <cstdlib>
+
+#include <MemoryLeakTester.h>
+
+TrackerSwitches::TrackerSwitches() : m_watch("Software\\TOVEN\\TEST")
+{
+}
+
+void TrackerSwitches::Read()
+{
+    m_watch.Renew();
+    const CString period = CProduct::GetTestEnvValue("CheckMemoryNOP");
+    m_period = std::atoi(period);
+    m_hasPeriod = !period.IsEmpty();
+    m_stopAt = std::atoi(CProduct::GetTestEnvValue("CheckMemoryStopAt"));
+}
