@@ -2,11 +2,10 @@
 
 #include <string_view>
 
-CString ZekSectionName(const std::source_location& place)
+CString ZekSectionName(const char* file, int line, const char* function)
 {
-    CString name;
-    const char* file = place.file_name();
     const std::size_t folders = std::string_view(file).find_last_of("/\\") + 1;
-    name.Format("%s(%u) %s", file + folders, place.line(), place.function_name());
+    CString name;
+    name.Format("%s(%d) %s", file + folders, line, function);
     return name;
 }

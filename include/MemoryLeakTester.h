@@ -41,5 +41,5 @@
 
 #define new ZekNewSite(__FILE__, __LINE__)->*new
 #ifndef MEMORY_LEAK_TESTER_PLAIN_DELETE
-#define delete ZekDeleteSite(__FILE__, __LINE__).Never() ? static_cast<void>(0) : delete
+#define delete ZekDeleteSite(__FILE__, __LINE__) ? static_cast<void>(0) : delete
 #endif

@@ -16,14 +16,19 @@
 #include "ProfileMgr.h"
 #include "Profiler.h"
 
-#include <source_location>
+// The function's name in full where the compiler has it, so that functions of one name in two classes differ.
+#ifdef __GNUC__
+#define ZEK_PROFILE_FUNCTION_NAME __PRETTY_FUNCTION__
+#else
+#define ZEK_PROFILE_FUNCTION_NAME __func__
+#endif
 
 #define ZEK_PROFILE_JOIN_(A, B) A##B
 #define ZEK_PROFILE_JOIN(A, B) ZEK_PROFILE_JOIN_(A, B)
 #define ZEK_PROFILE_NAME(KIND) ZEK_PROFILE_JOIN(ZEK_PROFILE_JOIN(zekProfile, KIND), __LINE__)
 
-// Counts and times the function under its full name, so that functions of one name in two classes differ.
-#define ZEK_PROFILE_FUNCTION() ZEK_PROFILE_SCOPE(std::source_location::current().function_name())
+// Counts and times the function.
+#define ZEK_PROFILE_FUNCTION() ZEK_PROFILE_SCOPE(ZEK_PROFILE_FUNCTION_NAME)
 
 // The same for a block under a name, which must be a literal.
 #define ZEK_PROFILE_SCOPE(NAME) const CProfiler ZEK_PROFILE_NAME(Scope)(__FILE__, __LINE__, NAME)
@@ -33,7 +38,8 @@
 
 // A section under the name of its place.
 #define ZEK_PROFILE_BLOCK()                                                                                  \
-    const ProfileWrite ZEK_PROFILE_NAME(Section)(ZekSectionName(std::source_location::current()))
+    const ProfileWrite ZEK_PROFILE_NAME(Section)(                                                            \
+        ZekSectionName(__FILE__, __LINE__, ZEK_PROFILE_FUNCTION_NAME))
 
 // "FILE(LINE) FUNCTION", the file without its folders.
-AFX_EXT_API CString ZekSectionName(const std::source_location& place);
+AFX_EXT_API CString ZekSectionName(const char* file, int line, const char* function);

@@ -9,6 +9,7 @@
 
 #include "../AllocMap.h"
 
+#include <exception>
 #include <type_traits>
 #include <utility>
 
@@ -92,6 +93,8 @@ public:
     template <class T>
     constexpr T* operator->*(T* made)
     {
+        if (!std::is_constant_evaluated())
+            Keep(made);
         if (m_isEntered)
             End(made);
         return made;
@@ -110,6 +113,13 @@ public:
     constexpr Object operator*() { return {*this}; }
 
 private:
+    // Compilers may leave out a block that nobody looks at, but not always the delete that belongs to it.
+    static void Keep([[maybe_unused]] const volatile void* made)
+    {
+#ifdef __GNUC__
+        __asm__ volatile("" : : "g"(made));
+#endif
+    }
     void End(const volatile void* made)
     {
         Leave();
@@ -137,14 +147,15 @@ public:
         if (m_isEntered)
             End();
     }
-    // Lets the macro go on with its other branch, which compilers know without looking inside.
-    static consteval bool Never() { return false; }
+    // Lets the macro go on with its other branch.
+    constexpr explicit operator bool() const { return false; }
 
 private:
     void End()
     {
         Leave();
-        if (m_isOpen)
+        // When an exception passes, the operand has thrown it, and nothing was deleted.
+        if (m_isOpen && std::uncaught_exceptions() == 0)
             AllocMap::Forget(m_own.pointer); // which fails
     }
 };
