@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <limits>
 
+#define MEMORY_LEAK_TESTER_PLAIN_DELETE
 #include <MemoryLeakTester.h>
 
 namespace {
@@ -21,14 +22,17 @@ DWORD Size32(std::size_t size)
 void* Allocate(std::size_t size, const char* file, int line)
 {
     void* block = std::malloc(size);
-    AllocMap::Record(block, size, file, line);
+    if (AllocMap* tracker = AllocMap::Instance())
+        tracker->AddAllocInfo(block, Size32(size), file, line);
     return block;
 }
 
 void Free(void* block, const char* file, int line)
 {
-    PreDelete(file, line);
-    AllocMap::Forget(block);
+    if (AllocMap* tracker = AllocMap::Instance()) {
+        tracker->SetDeleteInfo(file, line);
+        tracker->DelAllocInfo(block);
+    }
     std::free(block);
 }
 
@@ -58,35 +62,52 @@ AllocMap* AllocMap::Instance()
     return g_instance.load(std::memory_order_acquire);
 }
 
-bool AllocMap::IsIdle()
+// A tracker at work: it has been found that the call may track.
+class AllocMap::Work
 {
-    const AllocMap* tracker = Instance();
-    return !tracker || tracker->m_state->IsIdle();
+public:
+    explicit Work(TrackerState& state) : m_entry(state.lock), m_state(state)
+    {
+        m_may = m_entry && state.CheckState();
+        if (m_may)
+            state.busy.store(1, std::memory_order_relaxed);
+    }
+    ~Work()
+    {
+        if (m_may)
+            m_state.busy.store(0, std::memory_order_relaxed);
+    }
+    Work(const Work&) = delete;
+    Work& operator=(const Work&) = delete;
+    explicit operator bool() const { return m_may; }
+
+private:
+    const TrackerEntry m_entry;
+    TrackerState& m_state;
+    bool m_may = false;
+};
+
+bool AllocMap::IsTracking(const char* file)
+{
+    AllocMap* tracker = Instance();
+    if (!tracker || tracker->m_state->IsSkipped(file) || tracker->m_state->IsIdle())
+        return false;
+    return tracker->m_state->IsTracking() || tracker->CheckState() != 0;
 }
 
 void AllocMap::Record(void* block, std::size_t size, const char* file, int line)
 {
     if (AllocMap* tracker = Instance())
-        tracker->AddAllocInfo(block, Size32(size), file, line);
-}
-
-void AllocMap::Forget(void* block)
-{
-    if (AllocMap* tracker = Instance())
-        tracker->DelAllocInfo(block);
+        tracker->Add(block, Size32(size), file, line);
 }
 
 bool AllocMap::Drop(void* block)
 {
     AllocMap* tracker = Instance();
-    if (!tracker || tracker->m_state->IsIdle())
+    if (!tracker || tracker->m_state->enabled.load(std::memory_order_relaxed) == 0)
         return false;
-    TrackerState& state = *tracker->m_state;
-    const TrackerEntry entry(state.lock);
-    if (!entry || !state.CheckState())
-        return false;
-    const BusyScope busy(state);
-    return state.Delete(block);
+    const Work work(*tracker->m_state);
+    return work && tracker->m_state->Delete(block);
 }
 
 int AllocMap::IsFileToSkip(const char* file)
@@ -96,46 +117,46 @@ int AllocMap::IsFileToSkip(const char* file)
 
 int AllocMap::CheckState()
 {
+    if (!m_state->Look())
+        return 0;
     const TrackerEntry entry(m_state->lock);
     return entry ? m_state->CheckState() : 0;
 }
 
-void AllocMap::AddAllocInfo(void* block, unsigned int size, const char* file, int line)
+void AllocMap::Add(void* block, DWORD size, const char* file, int line)
 {
-    if (m_state->IsSkipped(file) || m_state->IsIdle())
-        return;
-    const TrackerEntry entry(m_state->lock);
-    if (!entry || !m_state->CheckState())
-        return;
-    const BusyScope busy(*m_state);
+    const Work work(*m_state);
     try {
-        m_state->Add(block, size, file, line);
+        if (work)
+            m_state->Add(block, size, file, line);
     } catch (...) { // out of memory: the block is the host's all the same
     }
 }
 
+void AllocMap::AddAllocInfo(void* block, unsigned int size, const char* file, int line)
+{
+    if (!m_state->IsSkipped(file) && !m_state->IsIdle() && m_state->Look())
+        Add(block, size, file, line);
+}
+
 void AllocMap::DelAllocInfo(void* block)
 {
-    if (m_state->IsIdle())
+    if (m_state->IsIdle() || !m_state->Look())
         return;
-    const TrackerEntry entry(m_state->lock);
-    if (!entry || !m_state->CheckState())
-        return;
-    const BusyScope busy(*m_state);
-    if (!m_state->Delete(block))
+    const Work work(*m_state);
+    if (work && !m_state->Delete(block))
         ++m_state->deleteFailures;
 }
 
 void AllocMap::SetDeleteInfo(const char* file, int line)
 {
-    if (m_state->IsSkipped(file) || m_state->IsIdle() || m_state->IsSameDeleteFile(file, line))
+    if (m_state->IsSkipped(file) || m_state->IsIdle() || m_state->IsSameDeleteFile(file, line) ||
+        !m_state->Look())
         return;
-    const TrackerEntry entry(m_state->lock);
-    if (!entry || !m_state->CheckState())
-        return;
-    const BusyScope busy(*m_state);
+    const Work work(*m_state);
     try {
-        m_state->AnnounceDelete(file, line);
+        if (work)
+            m_state->AnnounceDelete(file, line);
     } catch (...) { // out of memory
     }
 }

@@ -47,12 +47,19 @@ void TrackerState::ReadSwitches()
     }
 }
 
+bool TrackerState::Look()
+{
+    if (switches.Stand())
+        return true;
+    const TrackerEntry entry(readingLock);
+    if (entry && !switches.Stand())
+        ReadSwitches();
+    return static_cast<bool>(entry);
+}
+
 int TrackerState::FollowSwitches()
 {
-    ReadSwitches();
     const int period = switches.Period();
-    if (period == lastSwitch)
-        return enabled;
     if (enabled && period > lastSwitch) {
         WriteLeakLog(*this);
         Start(period);
@@ -127,7 +134,7 @@ bool TrackerState::IsSameDeleteFile(const char* file, int line)
     if (!file || m_lastGiven.load(std::memory_order_relaxed) != file ||
         std::strcmp(deleteFile.load(std::memory_order_acquire), file) != 0)
         return false;
-    if (busy.load(std::memory_order_relaxed) || !enabled.load(std::memory_order_relaxed) || !switches.Stand())
+    if (busy.load(std::memory_order_relaxed) || !IsTracking())
         return false;
     deleteLine.store(line, std::memory_order_relaxed);
     return true;

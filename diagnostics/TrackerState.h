@@ -34,24 +34,30 @@ public:
     std::atomic<const char*> deleteFile = "";
 
     TrackerLock lock;
+    TrackerLock readingLock;  // of who reads the switches
     TrackerSwitches switches; // Stand() by any thread
     FileNames files;
 
     // True when there is nothing to do for a call: tracking is off and no switch can have changed.
     bool IsIdle() const { return enabled.load(std::memory_order_relaxed) == 0 && switches.Stand(); }
+    // True when tracking is on and goes on.
+    bool IsTracking() const { return enabled.load(std::memory_order_relaxed) != 0 && switches.Stand(); }
     // Nearly all names differ from the skipped ones in their first letter already.
     bool IsSkipped(const char* file) const
     {
         return file && skipLetters[static_cast<unsigned char>(*file)] && IsListed(file);
     }
 
+    // Reads the switches if they may have changed, before the lock is taken: what reads them takes locks of
+    // its own, under which blocks are freed. False when the calling thread is reading them already.
+    bool Look();
+
     // AllocMap's members of these names, for the lock's holder.
     int CheckState()
     {
         if (busy.load(std::memory_order_relaxed))
             return 0;
-        // The same period twice changes nothing.
-        return switches.Stand() ? enabled.load(std::memory_order_relaxed) : FollowSwitches();
+        return switches.Period() == lastSwitch ? enabled.load(std::memory_order_relaxed) : FollowSwitches();
     }
     void Add(void* block, DWORD size, const char* file, int line);
     bool Delete(void* block); // false when it is not recorded
@@ -70,20 +76,4 @@ private:
     void ReadSwitches();
     void Start(int period);
     void Reset();
-};
-
-// Says for a block that the tracker is at work.
-class BusyScope
-{
-public:
-    explicit BusyScope(TrackerState& state) : m_state(state)
-    {
-        m_state.busy.store(1, std::memory_order_relaxed);
-    }
-    ~BusyScope() { m_state.busy.store(0, std::memory_order_relaxed); }
-    BusyScope(const BusyScope&) = delete;
-    BusyScope& operator=(const BusyScope&) = delete;
-
-private:
-    TrackerState& m_state;
 };

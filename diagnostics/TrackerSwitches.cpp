@@ -14,7 +14,7 @@ void TrackerSwitches::Read()
 {
     m_watch.Renew();
     const CString period = CProduct::GetTestEnvValue("CheckMemoryNOP");
-    m_period = std::atoi(period);
-    m_hasPeriod = !period.IsEmpty();
     m_stopAt = std::atoi(CProduct::GetTestEnvValue("CheckMemoryStopAt"));
+    m_hasPeriod = !period.IsEmpty(); // before the number that it belongs to
+    m_period = std::atoi(period);
 }

@@ -3,6 +3,8 @@
 
 #include <RegistryWatch.h>
 
+#include <atomic>
+
 class TrackerSwitches
 {
 public:
@@ -13,13 +15,13 @@ public:
     // Reads anew. From one thread at a time.
     void Read();
 
-    int Period() const { return m_period; }
-    bool HasPeriod() const { return m_hasPeriod; } // a text that is not empty
-    int StopAt() const { return m_stopAt; }
+    int Period() const { return m_period.load(std::memory_order_relaxed); }
+    bool HasPeriod() const { return m_hasPeriod.load(std::memory_order_relaxed); } // a text that is not empty
+    int StopAt() const { return m_stopAt.load(std::memory_order_relaxed); }
 
 private:
     RegistryWatch m_watch;
-    int m_period = 0;
-    bool m_hasPeriod = false;
-    int m_stopAt = 0;
+    std::atomic<int> m_period = 0;
+    std::atomic<bool> m_hasPeriod = false;
+    std::atomic<int> m_stopAt = 0;
 };

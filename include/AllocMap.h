@@ -58,12 +58,10 @@ public:
     // Null before a tracker is constructed and after it is destroyed.
     static AllocMap* Instance();
 
-    // True when nothing needs to be told: there is no tracker, or tracking is off and no switch has changed
-    // since it was looked up.
-    static bool IsIdle();
-    // The members below of the instance, if there is one.
+    // What MemoryLeakTester.h calls. Only the first looks the switches up, if a file is not skipped: the
+    // others are called from wherever memory is allocated and freed, also where a look-up could not be made.
+    static bool IsTracking(const char* file);
     static void Record(void* block, std::size_t size, const char* file, int line);
-    static void Forget(void* block);
     // Forgets an allocation if it is recorded; whether it was. Counts no failure.
     static bool Drop(void* block);
 
@@ -90,6 +88,9 @@ protected:
     int IsFileToSkip(const char* file);
 
 private:
+    class Work;
+    void Add(void* block, DWORD size, const char* file, int line);
+
     const std::unique_ptr<TrackerState> m_state;
 };
 

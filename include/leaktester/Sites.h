@@ -80,7 +80,7 @@ class NewSite : public Site
 public:
     constexpr NewSite(const char* file, int line) : Site(true, file, line)
     {
-        if (!std::is_constant_evaluated() && !AllocMap::IsIdle())
+        if (!std::is_constant_evaluated() && AllocMap::IsTracking(file))
             Enter();
     }
     constexpr ~NewSite()
@@ -137,7 +137,7 @@ class DeleteSite : public Site
 public:
     constexpr DeleteSite(const char* file, int line) : Site(false, file, line)
     {
-        if (!std::is_constant_evaluated() && !AllocMap::IsIdle()) {
+        if (!std::is_constant_evaluated() && AllocMap::IsTracking(file)) {
             PreDelete(file, line);
             Enter();
         }
@@ -151,12 +151,17 @@ public:
     constexpr explicit operator bool() const { return false; }
 
 private:
+    void Fail()
+    {
+        if (AllocMap* tracker = AllocMap::Instance())
+            tracker->DelAllocInfo(m_own.pointer);
+    }
     void End()
     {
         Leave();
         // When an exception passes, the operand has thrown it, and nothing was deleted.
         if (m_isOpen && std::uncaught_exceptions() == 0)
-            AllocMap::Forget(m_own.pointer); // which fails
+            Fail();
     }
 };
 

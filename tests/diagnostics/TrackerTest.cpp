@@ -77,7 +77,7 @@ TEST_F(Tracking, NothingIsTrackedWithoutAPeriodAboveOne)
         SCOPED_TRACE(period ? period : "(absent)");
         SetPeriod(period);
         EXPECT_EQ(tracker->CheckState(), 0);
-        EXPECT_TRUE(AllocMap::IsIdle());
+        EXPECT_FALSE(AllocMap::IsTracking("a.cpp"));
         tracker->AddAllocInfo(At(0x1000), 8, "a.cpp", 1);
         tracker->DelAllocInfo(At(0x2000));
         EXPECT_EQ(Log(0), kNothing);
@@ -224,8 +224,7 @@ TEST_F(Tracking, AChangeByAnotherProcessCountsAtOnce)
 {
     EXPECT_EQ(tracker->CheckState(), 0);
     ASSERT_EQ(RunHost("set CheckMemoryNOP 2"), 0);
-    EXPECT_FALSE(AllocMap::IsIdle());
-    tracker->AddAllocInfo(At(0x10), 1, "a", 1);
+        tracker->AddAllocInfo(At(0x10), 1, "a", 1);
     ASSERT_EQ(RunHost("set CheckMemoryNOP 3"), 0);
     tracker->DelAllocInfo(At(0x10));
     EXPECT_NE(folder.Log(1), "") << "the period before";
@@ -252,7 +251,7 @@ TEST(TrackerInstance, IsTheLastConstructed)
 {
     const LogFolder folder;
     EXPECT_EQ(AllocMap::Instance(), nullptr);
-    EXPECT_TRUE(AllocMap::IsIdle());
+    EXPECT_FALSE(AllocMap::IsTracking("a.cpp"));
     {
         const AllocMap first;
         EXPECT_EQ(AllocMap::Instance(), &first);
