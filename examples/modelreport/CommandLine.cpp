@@ -3,7 +3,7 @@
 #include "Fields.h"
 
 const char kUsage[] =
-    "usage: modelreport [-o DIR] [--select LIST] [--cut A B C D] [--quiet] MODEL.inp\n"
+    "usage: modelreport [-o DIR] [--select LIST] [--cut A B C D] [--profile] [--quiet] MODEL.inp\n"
     "\n"
     "Reads a finite-element model, prints what it consists of and writes DIR/MODEL.xlsx.\n"
     "\n"
@@ -11,6 +11,7 @@ const char kUsage[] =
     "  --select LIST  report on these elements only, as in \"1to100by2, 205 300to310\"\n"
     "  --cut A B C D  list the elements that the plane Ax + By + Cz + D = 0 cuts\n"
     "  --quiet        print nothing but problems\n"
+    "  --profile      add a sheet with the time of each phase\n"
     "  --help         show this text\n"
     "\n"
     "exit codes: 0 done, 1 wrong usage, 2 the model cannot be read, 3 the report cannot be written\n";
@@ -29,7 +30,8 @@ struct Switch {
 constexpr Switch kSwitches[] = {
     {"-o", &Options::folder, nullptr, nullptr},         {"--select", &Options::selection, nullptr, nullptr},
     {"--cut", nullptr, &Options::plane, &Options::cut}, {"--quiet", nullptr, nullptr, &Options::quiet},
-    {"--help", nullptr, nullptr, &Options::help},       {"-h", nullptr, nullptr, &Options::help},
+    {"--profile", nullptr, nullptr, &Options::profile}, {"--help", nullptr, nullptr, &Options::help},
+    {"-h", nullptr, nullptr, &Options::help},
 };
 
 const Switch* FindSwitch(const CString& argument)

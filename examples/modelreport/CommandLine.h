@@ -1,4 +1,4 @@
-// What the user asks for: modelreport [-o DIR] [--select LIST] [--cut A B C D] [--quiet] MODEL.inp
+// What the user asks for: modelreport [-o DIR] [--select LIST] [--cut A B C D] [--profile] [--quiet] MODEL.inp
 #pragma once
 
 #include "PlaneCut.h"
@@ -11,6 +11,7 @@ struct Options {
     bool cut = false;
     bool quiet = false;
     bool help = false;
+    bool profile = false;
 };
 
 // Reads the arguments of main. False, `problem` set, when they are wrong.

@@ -2,6 +2,8 @@
 
 #include "Fields.h"
 
+#include "Tracker.h"
+
 void CDeckCard::Set(const CString& line, const DeckPlace& place)
 {
     const int comma = line.Find(',');

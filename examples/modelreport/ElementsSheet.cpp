@@ -61,6 +61,7 @@ CString SectionName(const CModel& model, int section)
 
 void WriteElementsSheet(CReportBook& book, const CModelView& view, bool quiet)
 {
+    ZEK_PROFILE_SCOPE("elements sheet");
     LongTableContent content;
     content.model = view.Model().name;
     content.note = Note(view);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "Tracker.h"
+
 namespace {
 
 CString SetKey(SetKind kind, const CString& name)

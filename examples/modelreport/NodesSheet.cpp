@@ -41,6 +41,7 @@ void FillRow(CReportTable& table, const NodeRecord& node)
 
 void WriteNodesSheet(CReportBook& book, const CModelView& view, bool quiet)
 {
+    ZEK_PROFILE_SCOPE("nodes sheet");
     const CModel& model = view.Model();
     LongTableContent content;
     content.model = model.name;

@@ -18,6 +18,7 @@ enum ExitCode { kDone = 0, kWrongUsage = 1, kBadModel = 2, kNoReport = 3 };
 
 bool ReadModel(const CString& path, CModel& model)
 {
+    ZEK_PROFILE_SCOPE("read model");
     model.name = WithoutEnding(NamePart(path));
     CModelBuilder builder(model);
     CDeckReader reader(builder);
@@ -44,6 +45,8 @@ int Report(const CModelView& view, const CPlaneCut* cut, const Options& options)
 
 int Run(const Options& options)
 {
+    if (options.profile)
+        CProfileMgr::StartProfilingST();
     CModel model;
     if (!ReadModel(options.model, model))
         return kBadModel;

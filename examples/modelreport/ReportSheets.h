@@ -24,5 +24,8 @@ void WriteCutSheet(CReportBook& book, const CModelView& view, const CPlaneCut& c
 // "2 x - 1 z + 4.5 = 0".
 CString PlaneText(const Plane& plane);
 
+// Calls and seconds of the phases until now; nothing while profiling is stopped.
+void WriteProfileSheet(CReportBook& book, const CModelView& view, bool quiet);
+
 // "Solid Beam": the kind and the element set of a section; "" for kNone.
 CString SectionName(const CModel& model, int section);

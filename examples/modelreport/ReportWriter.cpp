@@ -17,6 +17,7 @@ void FillBook(CReportBook& book, const CModelView& view, const CPlaneCut* cut, b
     WriteNodesSheet(book, view, quiet);
     WriteElementsSheet(book, view, quiet);
     WriteSetsSheet(book, view, quiet);
+    WriteProfileSheet(book, view, quiet);
     book.End("Summary");
 }
 

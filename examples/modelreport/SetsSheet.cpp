@@ -49,6 +49,7 @@ void FillRow(CReportTable& table, const SetRow& row)
 
 void WriteSetsSheet(CReportBook& book, const CModelView& view, bool quiet)
 {
+    ZEK_PROFILE_SCOPE("sets sheet");
     SetRows rows;
     GatherRows(view.Model(), rows);
     LongTableContent content;

@@ -196,6 +196,7 @@ void WriteRemarks(CReportSheet& sheet, const CModelView& view)
 
 void WriteSummarySheet(CReportBook& book, const CModelView& view, const CPlaneCut* cut)
 {
+    ZEK_PROFILE_SCOPE("summary sheet");
     book.AddReportSheet("Summary", xlPortrait, view.Model().name);
     CReportSheet sheet(book, kWidths, kColumns);
     sheet.Title("Finite-element model " + view.Model().name);

@@ -116,6 +116,18 @@ class Output(InScratch):
         self.assertEqual((run.code, run.output, run.errors), (0, "", ""))
         self.assertEqual(self.files(), ["frame.xlsx"])
 
+    def test_profile_is_a_sheet_of_phases(self):
+        run = self.run_deck("frame.inp", "--profile", "--quiet")
+        self.assertEqual((run.code, run.output, run.errors), (0, "", ""))
+        rows = list(openpyxl.load_workbook(self.path("frame.xlsx"))["Profile"].iter_rows(values_only=True))
+        start = rows.index(("Phase", "Calls", "Seconds"))
+        phases = [(row[0].split(") ", 1)[1], row[1]) for row in rows[start + 1:]]
+        self.assertEqual(phases, [("read model", 1), ("summary sheet", 1), ("nodes sheet", 1),
+                                  ("elements sheet", 1), ("sets sheet", 1)])
+        self.assertTrue(all(0 <= row[2] < 60 for row in rows[start + 1:]))
+        self.run_deck("frame.inp", "--quiet")
+        self.assertNotIn("Profile", openpyxl.load_workbook(self.path("frame.xlsx")).sheetnames)
+
     def test_progress_on_a_terminal_only(self):
         for arguments, shown in (([], True), (["--quiet"], False)):
             with self.subTest(arguments):
