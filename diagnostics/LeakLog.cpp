@@ -159,10 +159,10 @@ void WriteLeakLog(TrackerState& state)
     state.totalSize = state.displacedSize + state.activeSize;
     char program[kPathSize];
     if (ProgramPath(program)) {
-        const CString path(program);
-        if (path.ReverseFind('\\') < 0)
-            return; // busy from then on
         try {
+            const CString path(program);
+            if (path.ReverseFind('\\') < 0)
+                return; // busy from then on
             WriteBeside(path, state);
         } catch (CException* e) {
             e->Delete();

@@ -60,18 +60,24 @@ bool TrackerState::Look()
 int TrackerState::FollowSwitches()
 {
     const int period = switches.Period();
-    if (enabled && period > lastSwitch) {
-        WriteLeakLog(*this);
-        Start(period);
-    } else if (period >= lastSwitch && switches.HasPeriod()) {
-        Start(period);
-    } else if (!enabled) {
-        return 0;
-    } else {
-        enabled = 0;
-    }
-    Reset();
+    if (period != lastSwitch && ChangeTo(period))
+        Reset();
+    m_followed.store(period, std::memory_order_relaxed);
     return enabled;
+}
+
+// False when nothing begins or ends.
+bool TrackerState::ChangeTo(int period)
+{
+    if (enabled && period > lastSwitch)
+        WriteLeakLog(*this);
+    if (period > lastSwitch && switches.HasPeriod())
+        Start(period);
+    else if (enabled)
+        enabled = 0;
+    else
+        return false;
+    return true;
 }
 
 void TrackerState::Start(int period)

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <atomic>
+#include <limits>
 #include <vector>
 
 class TrackerState
@@ -39,9 +40,9 @@ public:
     FileNames files;
 
     // True when there is nothing to do for a call: tracking is off and no switch can have changed.
-    bool IsIdle() const { return enabled.load(std::memory_order_relaxed) == 0 && switches.Stand(); }
+    bool IsIdle() const { return enabled.load(std::memory_order_relaxed) == 0 && IsSettled(); }
     // True when tracking is on and goes on.
-    bool IsTracking() const { return enabled.load(std::memory_order_relaxed) != 0 && switches.Stand(); }
+    bool IsTracking() const { return enabled.load(std::memory_order_relaxed) != 0 && IsSettled(); }
     // Nearly all names differ from the skipped ones in their first letter already.
     bool IsSkipped(const char* file) const
     {
@@ -57,7 +58,10 @@ public:
     {
         if (busy.load(std::memory_order_relaxed))
             return 0;
-        return switches.Period() == lastSwitch ? enabled.load(std::memory_order_relaxed) : FollowSwitches();
+        // The same period twice changes nothing.
+        return switches.Period() == m_followed.load(std::memory_order_relaxed)
+                   ? enabled.load(std::memory_order_relaxed)
+                   : FollowSwitches();
     }
     void Add(void* block, DWORD size, const char* file, int line);
     bool Delete(void* block); // false when it is not recorded
@@ -68,11 +72,18 @@ public:
     bool IsSameDeleteFile(const char* file, int line);
 
 private:
-    std::atomic<const char*> m_lastGiven = nullptr; // what deleteFile was copied from
+    bool IsSettled() const
+    {
+        return switches.Stand() && switches.Period() == m_followed.load(std::memory_order_relaxed);
+    }
+
+    std::atomic<int> m_followed = std::numeric_limits<int>::min(); // the period that the state answers to
+    std::atomic<const char*> m_lastGiven = nullptr;                // what deleteFile was copied from
 
     void Displace(const LiveRecord& record);
     bool IsListed(const char* file) const;
     int FollowSwitches();
+    bool ChangeTo(int period);
     void ReadSwitches();
     void Start(int period);
     void Reset();

@@ -11,7 +11,7 @@ public:
     TrackerSwitches();
 
     // True while nothing that was read can have changed. From any thread.
-    bool Stand() const { return m_watch.Stands(); }
+    bool Stand() const { return m_isRead.load(std::memory_order_acquire) && m_watch.Stands(); }
     // Reads anew. From one thread at a time.
     void Read();
 
@@ -21,6 +21,7 @@ public:
 
 private:
     RegistryWatch m_watch;
+    std::atomic<bool> m_isRead = false; // since the watch was renewed
     std::atomic<int> m_period = 0;
     std::atomic<bool> m_hasPeriod = false;
     std::atomic<int> m_stopAt = 0;

@@ -2,6 +2,7 @@
 
 #include "Console.h"
 #include "LongTable.h"
+#include "Paths.h"
 
 #include <cstdlib>
 
@@ -31,8 +32,8 @@ public:
         const CString line(text);
         const int comma = line.ReverseFind(','), colon = line.ReverseFind(':');
         if (colon > 0 && comma > colon)
-            m_rows.Add(
-                {line.Left(colon - 1), std::atoi(line.Mid(colon + 1)), std::atof(line.Mid(comma + 1))});
+            m_rows.Add({NamePart(line.Left(colon - 1)), std::atoi(line.Mid(colon + 1)),
+                        std::atof(line.Mid(comma + 1))});
     }
 
     CArray<ProfileRow, const ProfileRow&> m_rows;

@@ -15,16 +15,13 @@
 
 #include <map> // a header of the library may follow
 
-// Freed addresses come again at once under the address sanitizer, too.
-extern "C" const char* __asan_default_options()
+#ifdef __SANITIZE_ADDRESS__
+// Leaks are what this program is for, and freed addresses come again at once.
+extern "C" __attribute__((visibility("default"))) const char* __asan_default_options()
 {
     return "quarantine_size_mb=0:thread_local_quarantine_size_kb=0:detect_leaks=0";
 }
-
-extern "C" const char* __lsan_default_options()
-{
-    return "detect_leaks=0"; // leaks are what this program is for
-}
+#endif
 
 namespace {
 
