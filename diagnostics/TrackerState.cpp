@@ -62,7 +62,7 @@ int TrackerState::FollowSwitches()
     const int period = switches.Period();
     if (period != lastSwitch && ChangeTo(period))
         Reset();
-    m_followed.store(period, std::memory_order_relaxed);
+    m_followed.store(period, std::memory_order_release); // after what it has changed
     return enabled;
 }
 

@@ -40,9 +40,9 @@ public:
     FileNames files;
 
     // True when there is nothing to do for a call: tracking is off and no switch can have changed.
-    bool IsIdle() const { return enabled.load(std::memory_order_relaxed) == 0 && IsSettled(); }
+    bool IsIdle() const { return IsSettled() && enabled.load(std::memory_order_relaxed) == 0; }
     // True when tracking is on and goes on.
-    bool IsTracking() const { return enabled.load(std::memory_order_relaxed) != 0 && IsSettled(); }
+    bool IsTracking() const { return IsSettled() && enabled.load(std::memory_order_relaxed) != 0; }
     // Nearly all names differ from the skipped ones in their first letter already.
     bool IsSkipped(const char* file) const
     {
@@ -74,7 +74,7 @@ public:
 private:
     bool IsSettled() const
     {
-        return switches.Stand() && switches.Period() == m_followed.load(std::memory_order_relaxed);
+        return switches.Stand() && switches.Period() == m_followed.load(std::memory_order_acquire);
     }
 
     std::atomic<int> m_followed = std::numeric_limits<int>::min(); // the period that the state answers to
