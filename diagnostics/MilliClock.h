@@ -1,5 +1,4 @@
-// The home platform's clock(): milliseconds of wall-clock time. That of other platforms counts something
-// else.
+// The home platform's clock(): milliseconds of wall-clock time. Other platforms count something else.
 #pragma once
 
 #include <windef.h>

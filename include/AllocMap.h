@@ -15,9 +15,9 @@
 // call on. The look-up costs next to nothing while the registry does not change.
 //
 // Units: bytes. Sizes are kept in 32 bits: a larger block counts as 4,294,967,295, sums wrap.
-// Errors: none is reported. A log that cannot be written is left out; a block that cannot be recorded for
-// want
-//   of memory is not.
+// Errors: none is reported. A log that cannot be written is left out; so is a block that there is no memory
+// to
+//   record.
 // Threads: made for runs with one thread. Calls from several are kept apart by a lock, so nothing is lost.
 #pragma once
 

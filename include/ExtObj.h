@@ -8,9 +8,10 @@
 // are told apart by case.
 //
 // Ownership: an accepted part belongs to the object and is deleted with it; no part is ever detached. A
-// refused one stays with the caller. One part belongs to one object, in one of its tables. Errors:
-// CMemoryException and std::bad_alloc when a name cannot be kept; the part stays with the caller. Threads: an
-// object and its parts belong to one thread at a time.
+// refused one stays with the caller. One part belongs to one object, in one of its tables.
+//
+// Errors:  CMemoryException and std::bad_alloc when a name cannot be kept; the part stays with the caller.
+// Threads: an object and its parts belong to one thread at a time.
 #pragma once
 
 #include <afxtempl.h>

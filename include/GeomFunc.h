@@ -7,14 +7,12 @@
 //   T_LINE2D beam = {0.0, 0.0, 2.0, 0.0}, brace = {1.0, -1.0, 1.0, 1.0};
 //   int contact = CGeomFunc::GetTopologyOfTwoLines(beam, brace); // 9: they cross
 //
-// Units:   coordinates are the caller's. The tolerances are absolute: a contact is a distance below 1e-10 in
-// the
-//          caller's unit, and CMathFunc's intersections take a segment as 1e-7 of its length longer at each
-//          end. From coordinates of about 1e5 on, rounding comes near these 1e-10.
+// Units:   coordinates are the caller's. The tolerances are absolute: a contact is a distance below 1e-10 of
+//          the caller's unit, and CMathFunc's intersections take a segment as 1e-7 of its length longer at
+//          each end. From coordinates of about 1e5 on, rounding comes near these 1e-10.
 // Results: 1 for yes and 0 for no, unless a member says otherwise.
-// Errors:  none are told; arrays with too few points answer 0. A coordinate that is not finite goes through
-// the
-//          arithmetic.
+// Errors:  none are told; arrays with too few points answer 0. A coordinate that is not finite goes
+//          through the arithmetic.
 // Threads: reentrant; nothing is stored, the arrays are only read.
 #pragma once
 

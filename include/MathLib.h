@@ -7,8 +7,7 @@
 //
 // Units:   degrees, but for the members named ...Rad; angles run counter-clockwise.
 // Errors:  none; what is not finite goes through the arithmetic. Results are not snapped: a quarter turn
-// leaves
-//          6e-17 where a zero is meant.
+//          leaves 6e-17 where a zero is meant.
 // Aliases: an output may be the variable an input was read from.
 // Threads: reentrant; nothing is stored.
 #pragma once

@@ -14,8 +14,7 @@
 // record no file is made.
 //
 // Units: milliseconds of wall-clock time, in whole ones, as clock() counts on the home platform; shorter
-// calls
-//   mostly add 0.
+//   calls mostly add 0.
 // Errors: none is reported. A report that cannot be written is left out.
 // Threads: one.
 #pragma once

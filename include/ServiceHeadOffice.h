@@ -14,9 +14,11 @@
 //
 // Ownership: a registered agency belongs to the head office, which deletes it when the library is unloaded,
 // after all static objects of its hosts and, where a module is still loaded then, of the modules. So an
-// agency comes from `new`, and the module with its code stays loaded until the process ends. Errors:
-// CMemoryException and std::bad_alloc when a name cannot be kept; the agency stays with the caller. Threads:
-// there is no lock. Register on one thread while nobody asks; several may ask while nobody registers.
+// agency comes from `new`, and the module with its code stays loaded until the process ends.
+//
+// Errors:  CMemoryException and std::bad_alloc when a name cannot be kept; the agency stays with the caller.
+// Threads: there is no lock. Register on one thread while nobody asks; several may ask while nobody
+// registers.
 #pragma once
 
 #include <afxtempl.h>

@@ -17,10 +17,12 @@
 // Ownership: from a ThreadBegin that answers 1 on, the object belongs to its thread, which deletes it when
 // ThreadRun returns or throws. So it comes from `new`, and its maker must not touch it any more: it may be
 // gone before ThreadBegin returns. There is no way to wait for it, nor a result; what the host needs of them,
-// the job and the host agree upon, through objects that outlive the job. Errors:  an exception that leaves
-// ThreadRun is told to the user in a box, as of any thread of the framework. Threads: ThreadRun, Progress,
-// ProgressText and the destructor run on the job's thread. They never wait for the window. Nothing guards the
-// fields.
+// the job and the host agree upon, through objects that outlive the job.
+//
+// Errors:  an exception that leaves ThreadRun is told to the user in a box, as of any thread of the
+// framework. Threads: ThreadRun, Progress, ProgressText and the destructor run on the job's thread. They
+// never wait for
+//          the window. Nothing guards the fields.
 #pragma once
 
 #include <afxwin.h>
