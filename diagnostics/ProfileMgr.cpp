@@ -3,6 +3,8 @@
 #include "MilliClock.h"
 #include "ProfileIndex.h"
 
+#include "../frame/TestValue.h"
+
 #include <RegistryWatch.h>
 #include <TestEnvMgr.h>
 
@@ -15,12 +17,6 @@ namespace {
 constexpr UINT kBuckets = 997;
 constexpr double kSecondsPerTick = 0.001;
 constexpr double kZeroSeconds = 1e-5;
-
-// The registry is not opened for what it cannot hold: nearly every start finds none of these values.
-bool IsYes(const char* testValue)
-{
-    return RegistryMayHoldValues() && CTestEnvMgr::GetTestEnvST(testValue) == "yes";
-}
 
 } // namespace
 
@@ -60,7 +56,8 @@ CProfileMgr::CProfileMgr() : m_index(new CProfileIndex)
 {
     m_calls.InitHashTable(kBuckets);
     m_labels.InitHashTable(kBuckets);
-    if (IsYes("Profiling"))
+    // The registry is not opened for what it cannot hold: nearly every start of a program finds no switch.
+    if (RegistryMayHoldValues() && TestValue("Profiling") == "yes")
         StartProfilingST();
 }
 
@@ -126,7 +123,7 @@ void CProfileMgr::Print(CProfilePrinterAdaptor* adaptor)
 {
     if (!adaptor || m_calls.IsEmpty())
         return;
-    const bool skipsZero = IsYes("ProfSkipZero");
+    const bool skipsZero = RegistryMayHoldValues() && CTestEnvMgr::GetTestEnvST("ProfSkipZero") == "yes";
     CArray<T_PROFILE_DATA, T_PROFILE_DATA&> rows;
     for (auto* call = m_calls.PGetFirstAssoc(); call; call = m_calls.PGetNextAssoc(call))
         rows.Add(call->value);

@@ -1,5 +1,7 @@
 #include <Product.h>
 
+#include "TestValue.h"
+
 #include <ProductInfo.h>
 #include <Registry.h>
 
@@ -8,14 +10,14 @@ namespace {
 constexpr const char* kTestKey = "HKEY_CURRENT_USER\\Software\\TOVEN\\TEST";
 constexpr const char* kHideVersion = "Hide Version";
 
+} // namespace
+
 CString TestValue(const char* name)
 {
     CString value;
     CRegistry::GetProfileString(kTestKey, name, value); // leaves the text alone when it fails
     return value;
 }
-
-} // namespace
 
 int CProduct::GetProductID()
 {
