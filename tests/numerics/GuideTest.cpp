@@ -98,10 +98,10 @@ TEST(NumericsGuide, AreasVolumesRounding)
 
 TEST(NumericsGuide, SegmentsPolygonsPolylines)
 {
-    T_LINE2D beam = {0, 0, 2, 0}, brace = {1, -1, 1, 1}, stub = {1, 0, 5, 0};
+    T_LINE2D beam = {0, 0, 2, 0}, brace = {1, -1, 1, 1}, girder = {1, 0, 5, 0};
     int crossed = CGeomFunc::GetTopologyOfTwoLines(beam, brace); // 9: they cross within both
     int overlap =
-        CGeomFunc::GetTopologyOfTwoLines(beam, stub); // 10: of the second only its start lies in the first
+        CGeomFunc::GetTopologyOfTwoLines(beam, girder); // 10: of the second only its start lies in the first
 
     CArray<T_POINT2D, T_POINT2D&> slab;
     for (T_POINT2D corner : {T_POINT2D{0, 0}, {6, 0}, {6, 2}, {2, 2}, {2, 6}, {0, 6}})
