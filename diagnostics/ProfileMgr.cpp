@@ -157,5 +157,5 @@ void CProfiler::Stop()
     if (CProfileMgr::IsStopped())
         return;
     const DWORD ticks = static_cast<DWORD>(MilliClock()) - static_cast<DWORD>(m_start);
-    CProfileMgr::CalledST(m_file, m_line, m_function, static_cast<LONG>(ticks));
+    CProfileMgr::m_shared.Called(m_file, m_line, m_function, static_cast<LONG>(ticks));
 }
