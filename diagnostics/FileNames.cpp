@@ -18,14 +18,3 @@ FileNames::Index FileNames::Look(const char* name)
         m_names.push_back(place->first.c_str());
     return place->second;
 }
-
-FileNames::Index FileNames::Keep(const char* name)
-{
-    if (!name)
-        return 0;
-    const auto address = reinterpret_cast<std::uintptr_t>(name);
-    Recent& recent = m_recent[(address ^ address >> 8) % m_recent.size()];
-    if (recent.given != name || std::strcmp(Name(recent.index), name) != 0)
-        recent = {name, Look(name)};
-    return recent.index;
-}

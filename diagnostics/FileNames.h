@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,7 +20,18 @@ public:
     FileNames& operator=(const FileNames&) = delete;
 
     // The number of a name; null is the name "". Throws std::bad_alloc.
-    Index Keep(const char* name);
+    Index Keep(const char* name)
+    {
+        if (!name)
+            return 0;
+        const auto address = reinterpret_cast<std::uintptr_t>(name);
+        Recent& recent = m_recent[(address ^ address >> 8) % m_recent.size()];
+        if (recent.given != name || std::strcmp(recent.kept, name) != 0) {
+            const Index index = Look(name);
+            recent = {name, Name(index), index};
+        }
+        return recent.index;
+    }
     // Valid as long as the object.
     const char* Name(Index index) const { return m_names[index]; }
     Index Count() const { return static_cast<Index>(m_names.size()); }
@@ -27,6 +39,7 @@ public:
 private:
     struct Recent {
         const char* given = nullptr;
+        const char* kept = nullptr;
         Index index = 0;
     };
 

@@ -1,9 +1,8 @@
 #include "LeakLog.h"
 
-#include "TrackerState.h"
+#include <afx.h>
 
 #include <charconv>
-#include <cstring>
 #include <string>
 
 #include <MemoryLeakTester.h>
@@ -55,26 +54,33 @@ private:
 };
 
 // Each file's name behind its last backslash; the whole when that is the first character or there is none.
-std::vector<CString> ShownNames(const FileNames& files)
+std::vector<std::string> ShownNames(const std::vector<std::string>& files)
 {
-    std::vector<CString> names;
-    for (FileNames::Index i = 0; i < files.Count(); ++i) {
-        const CString whole(files.Name(i));
-        const int last = whole.ReverseFind('\\');
-        names.push_back(last > 0 ? whole.Mid(last + 1) : whole);
+    std::vector<std::string> names;
+    for (const std::string& file : files) {
+        const int last = CString(file.c_str()).ReverseFind('\\');
+        names.push_back(last > 0 ? file.substr(static_cast<std::size_t>(last) + 1) : file);
     }
     return names;
 }
 
+DWORD TotalSize(const std::vector<LiveRecord>& records)
+{
+    DWORD sum = 0;
+    for (const LiveRecord& record : records)
+        sum += record.size;
+    return sum;
+}
+
 // Sums and counts are shown as 32-bit numbers with a sign.
-void PutHead(LogText& log, const char* title, DWORD value)
+void PutHead(LogText& log, const char* title, std::size_t value)
 {
     log.Put(title);
     log.Number(static_cast<LONG>(value), 0);
     log.EndLine();
 }
 
-void PutRecords(LogText& log, const std::vector<LiveRecord>& records, const std::vector<CString>& names,
+void PutRecords(LogText& log, const std::vector<LiveRecord>& records, const std::vector<std::string>& names,
                 LONG number)
 {
     for (const LiveRecord& record : records) {
@@ -89,38 +95,39 @@ void PutRecords(LogText& log, const std::vector<LiveRecord>& records, const std:
         log.Put("  line ");
         log.Number(record.line, 5);
         log.Put("  :");
-        log.Put(names[record.file]);
+        log.Put(names[record.file].c_str());
         log.EndLine();
     }
 }
 
-void PutAll(LogText& log, const TrackerState& state)
+void PutAll(LogText& log, const LeakReport& report)
 {
-    const std::vector<CString> names = ShownNames(state.files);
-    PutHead(log, "*** Number of memory leak active: ", static_cast<DWORD>(state.live.Count()));
-    PutHead(log, "*** Number of memory leak in process: ", static_cast<DWORD>(state.displaced.size()));
-    PutHead(log, "*** Size of memory leak active: ", state.activeSize);
-    PutHead(log, "*** Size of memory leak in process: ", state.displacedSize);
-    PutHead(log, "*** Total memory leak size: ", state.totalSize);
-    PutHead(log, "*** Number of delete failure(not found): ", state.deleteFailures);
+    const std::vector<std::string> names = ShownNames(report.files);
+    const DWORD activeSize = TotalSize(report.live), displacedSize = TotalSize(report.displaced);
+    PutHead(log, "*** Number of memory leak active: ", report.live.size());
+    PutHead(log, "*** Number of memory leak in process: ", report.displaced.size());
+    PutHead(log, "*** Size of memory leak active: ", activeSize);
+    PutHead(log, "*** Size of memory leak in process: ", displacedSize);
+    PutHead(log, "*** Total memory leak size: ", activeSize + displacedSize);
+    PutHead(log, "*** Number of delete failure(not found): ", report.deleteFailures);
     log.EndLine();
-    PutRecords(log, state.live.InOrder(), names, 1);
+    PutRecords(log, report.live, names, 1);
     log.EndLine();
-    PutRecords(log, state.displaced, names, 0);
+    PutRecords(log, report.displaced, names, 0);
     log.Put("\nend...");
     log.EndLine();
     log.Flush();
 }
 
 // Removes what could not be written to its end.
-void WriteTo(const CString& path, const TrackerState& state)
+void WriteTo(const CString& path, const LeakReport& report)
 {
     CFile file;
     if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
         return;
     try {
         LogText log(file);
-        PutAll(log, state);
+        PutAll(log, report);
         file.Close();
         return;
     } catch (CException* e) {
@@ -131,43 +138,27 @@ void WriteTo(const CString& path, const TrackerState& state)
     DeleteFileA(path);
 }
 
-// The executable's path, zero-terminated; false when it is not known.
-template <std::size_t SIZE>
-bool ProgramPath(char (&path)[SIZE])
-{
-    const DWORD length = GetModuleFileNameA(nullptr, path, SIZE);
-    path[SIZE - 1] = '\0';
-    return length != 0;
-}
-
-void WriteBeside(const CString& program, const TrackerState& state)
-{
-    CString path;
-    const int leaks = static_cast<int>(state.live.Count() + state.displaced.size());
-    path.Format("%s%s\\memory leak.%d.log.nas", program.Left(program.ReverseFind('\\') + 1), "Temporary",
-                leaks);
-    WriteTo(path, state);
-}
-
 } // namespace
 
-void WriteLeakLog(TrackerState& state)
+bool WriteLeakLog(const LeakReport& report)
 {
     constexpr std::size_t kPathSize = 256;
-    state.busy = 1;
-    state.activeSize = state.live.TotalSize();
-    state.totalSize = state.displacedSize + state.activeSize;
-    char program[kPathSize];
-    if (ProgramPath(program)) {
-        try {
-            const CString path(program);
-            if (path.ReverseFind('\\') < 0)
-                return; // busy from then on
-            WriteBeside(path, state);
-        } catch (CException* e) {
-            e->Delete();
-        } catch (...) {
-        }
+    char program[kPathSize] = "";
+    if (GetModuleFileNameA(nullptr, program, kPathSize) == 0)
+        return true;
+    program[kPathSize - 1] = '\0';
+    try {
+        const CString whole(program);
+        const int last = whole.ReverseFind('\\');
+        if (last < 0)
+            return false;
+        CString path;
+        path.Format("%s%s\\memory leak.%d.log.nas", whole.Left(last + 1), "Temporary",
+                    static_cast<int>(report.live.size() + report.displaced.size()));
+        WriteTo(path, report);
+    } catch (CException* e) {
+        e->Delete();
+    } catch (...) { // out of memory
     }
-    state.busy = 0;
+    return true;
 }

@@ -1,8 +1,19 @@
 // The tracker's log file.
 #pragma once
 
-class TrackerState;
+#include "LiveTable.h"
 
-// Writes "Temporary\memory leak.COUNT.log.nas" beside the executable from what is recorded, counting the
-// sizes first. Failure is silent. If the executable's path has no backslash, the state stays busy.
-void WriteLeakLog(TrackerState& state);
+#include <string>
+#include <vector>
+
+// What a log tells.
+struct LeakReport {
+    std::vector<LiveRecord> live; // in the order of the log
+    std::vector<LiveRecord> displaced;
+    DWORD deleteFailures = 0;
+    std::vector<std::string> files; // by the records' numbers
+};
+
+// Writes "Temporary\memory leak.COUNT.log.nas" beside the executable. Failure is silent. False when the
+// executable's path has no backslash: tracking ends then.
+bool WriteLeakLog(const LeakReport& report);

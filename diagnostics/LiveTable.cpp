@@ -40,34 +40,11 @@ void LiveTable::Grow()
     std::free(old);
 }
 
-// Records behind the gap move up, so that every search still ends at a free slot.
-void LiveTable::Remove(const LiveRecord* record)
-{
-    auto gap = static_cast<std::size_t>(record - m_slots);
-    for (std::size_t slot = Next(gap); m_slots[slot].entry != 0; slot = Next(slot)) {
-        const std::size_t mask = m_capacity - 1;
-        if (((slot - Home(m_slots[slot].pointer)) & mask) >= ((slot - gap) & mask)) {
-            m_slots[gap] = m_slots[slot];
-            gap = slot;
-        }
-    }
-    m_slots[gap].entry = 0;
-    --m_count;
-}
-
 void LiveTable::Clear()
 {
     std::free(m_slots);
     m_slots = nullptr;
     m_capacity = m_count = 0;
-}
-
-DWORD LiveTable::TotalSize() const
-{
-    DWORD sum = 0;
-    for (const LiveRecord* slot = m_slots; slot != m_slots + m_capacity; ++slot)
-        sum += slot->entry != 0 ? slot->size : 0;
-    return sum;
 }
 
 std::vector<LiveRecord> LiveTable::InOrder() const

@@ -32,14 +32,6 @@ public:
     LiveTable& operator=(const LiveTable&) = delete;
 
     std::size_t Count() const { return m_count; }
-    // Null when the address is not there; valid until the table changes.
-    const LiveRecord* Find(void* pointer) const
-    {
-        if (m_count == 0)
-            return nullptr;
-        const LiveRecord& slot = m_slots[SlotOf(pointer)];
-        return slot.entry != 0 ? &slot : nullptr;
-    }
     // Makes room for one more record. Throws std::bad_alloc; the table is as before then.
     void Reserve()
     {
@@ -57,12 +49,30 @@ public:
         slot.entry = entry != 0 ? entry : ++m_entries;
         m_count += entry == 0;
     }
-    // The address must be there.
-    void Remove(const LiveRecord* record);
+    // Null when the address is not there; valid until the table changes.
+    const LiveRecord* Find(const void* pointer) const
+    {
+        if (m_count == 0)
+            return nullptr;
+        const LiveRecord& slot = m_slots[SlotOf(pointer)];
+        return slot.entry != 0 ? &slot : nullptr;
+    }
+    // Records behind the gap move up, so that every search still ends at a free slot.
+    void Remove(const LiveRecord* record)
+    {
+        auto gap = static_cast<std::size_t>(record - m_slots);
+        for (std::size_t slot = Next(gap); m_slots[slot].entry != 0; slot = Next(slot)) {
+            const std::size_t mask = m_capacity - 1;
+            if (((slot - Home(m_slots[slot].pointer)) & mask) >= ((slot - gap) & mask)) {
+                m_slots[gap] = m_slots[slot];
+                gap = slot;
+            }
+        }
+        m_slots[gap].entry = 0;
+        --m_count;
+    }
     void Clear();
 
-    // The sum of all sizes, modulo 2^32.
-    DWORD TotalSize() const;
     // All records in the order of a log. Throws std::bad_alloc.
     std::vector<LiveRecord> InOrder() const;
 

@@ -4,6 +4,7 @@
 #include <Threads.h>
 
 #include <atomic>
+#include <cstdint>
 #include <thread>
 
 class TrackerLock
@@ -12,7 +13,7 @@ public:
     // False when the calling thread holds it already.
     bool Enter()
     {
-        const std::thread::id self = std::this_thread::get_id();
+        const std::uintptr_t self = CurrentThread();
         if (m_owner.load(std::memory_order_relaxed) == self)
             return false;
         if (IsOnlyThread())
@@ -21,21 +22,23 @@ public:
             Wait(self);
         return true;
     }
-    void Leave() { m_owner.store(std::thread::id(), std::memory_order_release); }
+    void Leave() { m_owner.store(kNobody, std::memory_order_release); }
 
 private:
-    void Wait(std::thread::id self)
+    static constexpr std::uintptr_t kNobody = 0;
+
+    void Wait(std::uintptr_t self)
     {
-        std::thread::id nobody;
-        while (!m_owner.compare_exchange_weak(nobody, self, std::memory_order_acquire,
+        std::uintptr_t owner = kNobody;
+        while (!m_owner.compare_exchange_weak(owner, self, std::memory_order_acquire,
                                               std::memory_order_relaxed)) {
-            if (nobody != std::thread::id())
+            if (owner != kNobody)
                 std::this_thread::yield();
-            nobody = std::thread::id();
+            owner = kNobody;
         }
     }
 
-    std::atomic<std::thread::id> m_owner;
+    std::atomic<std::uintptr_t> m_owner = kNobody;
 };
 
 // Holds the lock for a block, if it could be had.

@@ -1,8 +1,8 @@
 #include "TrackerState.h"
 
-#include "LeakLog.h"
+#include <Product.h>
 
-#include <cstring>
+#include <cstdlib>
 #include <mbstring.h>
 
 #include <MemoryLeakTester.h>
@@ -10,7 +10,6 @@
 namespace {
 
 constexpr const char* kTemplates = "afxtempl.h";
-constexpr std::uintptr_t kHeader = 16; // in front of a block
 
 bool IsSameName(const char* a, const char* b)
 {
@@ -21,127 +20,136 @@ bool IsSameName(const char* a, const char* b)
 
 } // namespace
 
-TrackerState::TrackerState()
+TrackerState::TrackerState(T_TRACKER_REST& rest) : m_watch("Software\\TOVEN\\TEST"), m_rest(rest)
 {
+    EndRest(); // of a tracker before this one
     CString templates(kTemplates);
-    skipFiles.Add(templates);
+    m_skipFiles.Add(templates);
     for (const char letter : {'a', 'A'})
-        skipLetters[static_cast<unsigned char>(letter)] = true;
+        m_skipLetters[static_cast<unsigned char>(letter)] = true;
 }
 
 bool TrackerState::IsListed(const char* file) const
 {
-    for (int i = 0; i < skipFiles.GetSize(); ++i)
-        if (IsSameName(skipFiles[i], file))
+    for (int i = 0; i < m_skipFiles.GetSize(); ++i)
+        if (IsSameName(m_skipFiles[i], file))
             return true;
     return false;
 }
 
-void TrackerState::ReadSwitches()
+void TrackerState::AnnounceFile(const char* file)
 {
+    const TrackerEntry entry(lock);
+    if (!entry)
+        return;
     try {
-        switches.Read();
-    } catch (CException* e) {
-        e->Delete();
-    } catch (...) { // out of memory: the values read last stand until the next call
+        m_deleteFile = m_files.Name(m_files.Keep(file));
+        m_lastGiven = file;
+    } catch (...) { // out of memory: the debugger sees the last one
     }
 }
 
-bool TrackerState::Look()
+// Reads the switches and acts on them. False when this call is not to track: because tracking is off, or the
+// calling thread is reading them already.
+bool TrackerState::Follow()
 {
-    if (switches.Stand())
-        return true;
-    const TrackerEntry entry(readingLock);
-    if (entry && !switches.Stand())
-        ReadSwitches();
-    return static_cast<bool>(entry);
+    std::unique_ptr<LeakReport> finished;
+    {
+        const TrackerEntry following(m_following);
+        if (!following || m_isOff)
+            return false;
+        if (!IsSettled()) {
+            m_watch.Prepare();
+            try {
+                const int period = std::atoi(CProduct::GetTestEnvValue("CheckMemoryNOP"));
+                m_stopAt = static_cast<DWORD>(std::atoi(CProduct::GetTestEnvValue("CheckMemoryStopAt")));
+                const TrackerEntry entry(lock);
+                finished = ChangeTo(period);
+                m_watch.Confirm();
+                if (!IsEnabled())
+                    BeginRest();
+            } catch (CException* e) {
+                e->Delete();
+            } catch (...) { // out of memory: what was read last stands until the next call
+            }
+        }
+    }
+    if (finished)
+        Write(*finished);
+    return IsEnabled();
 }
 
-int TrackerState::FollowSwitches()
+void TrackerState::BeginRest()
 {
-    const int period = switches.Period();
-    if (period != lastSwitch && ChangeTo(period))
-        Reset();
-    m_followed.store(period, std::memory_order_release); // after what it has changed
-    return enabled;
+    EndRest();
+    const RegistryCounters counters = m_watch.Counters();
+    m_rest.registry = counters.registry;
+    m_rest.environment = counters.environment;
+    m_rest.environmentSeen = counters.environmentSeen;
+    m_rest.registrySeen.store(counters.registrySeen, std::memory_order_release);
 }
 
-// False when nothing begins or ends.
-bool TrackerState::ChangeTo(int period)
+// The period's report, if one was tracked and another begins.
+std::unique_ptr<LeakReport> TrackerState::ChangeTo(int period)
 {
-    if (enabled && period > lastSwitch)
-        WriteLeakLog(*this);
-    if (period > lastSwitch && switches.HasPeriod())
-        Start(period);
-    else if (enabled)
-        enabled = 0;
-    else
-        return false;
-    return true;
-}
-
-void TrackerState::Start(int period)
-{
-    enabled = 1;
-    lastSwitch = period;
+    const bool begins = period > m_lastSwitch;
+    if (period == m_lastSwitch || (!begins && !IsEnabled()))
+        return nullptr;
+    auto finished = begins && IsEnabled() ? Report() : nullptr;
+    m_enabled = begins;
+    if (begins)
+        m_lastSwitch = period;
+    Reset();
+    return finished;
 }
 
 void TrackerState::Reset()
 {
-    activeSize = displacedSize = totalSize = deleteFailures = counter = 0;
-    live.Clear();
-    displaced.clear();
-    displaced.shrink_to_fit();
+    m_deleteFailures = m_counter = 0;
+    m_live.Clear();
+    m_displaced.clear();
+    m_displaced.shrink_to_fit();
 }
 
-void TrackerState::Displace(const LiveRecord& record)
+// Null when there is no memory for it.
+std::unique_ptr<LeakReport> TrackerState::Report() const
 {
-    displaced.push_back(record);
-    displacedSize += record.size;
+    try {
+        auto report = std::make_unique<LeakReport>();
+        report->live = m_live.InOrder();
+        report->displaced = m_displaced;
+        report->deleteFailures = m_deleteFailures;
+        report->files.reserve(m_files.Count());
+        for (FileNames::Index i = 0; i < m_files.Count(); ++i)
+            report->files.emplace_back(m_files.Name(i));
+        return report;
+    } catch (...) {
+        return nullptr;
+    }
 }
 
-void TrackerState::Add(void* block, DWORD size, const char* file, int line)
+void TrackerState::Write(const LeakReport& report)
 {
-    const FileNames::Index name = files.Keep(file);
-    live.Reserve();
-    LiveRecord& slot = live.Slot(block);
-    if (slot.entry != 0)
-        Displace(slot);
-    ++counter;
-    if (switches.StopAt() != 0 && static_cast<DWORD>(switches.StopAt()) == counter)
-        CString("Leak Found!"); // the place for a breakpoint that catches this allocation
-    current = {block, 0, counter, size, line, name};
-    live.Put(slot, current);
+    if (WriteLeakLog(report))
+        return;
+    m_isOff = true;
+    m_enabled = 0;
 }
 
-bool TrackerState::Delete(void* block)
+void TrackerState::Log()
 {
-#ifdef __GNUC__
-    // What free() is going to want.
-    __builtin_prefetch(reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(block) - kHeader));
-#endif
-    const LiveRecord* record = live.Find(block);
-    if (!record)
-        return false;
-    current = *record;
-    live.Remove(record);
-    return true;
+    std::unique_ptr<LeakReport> report;
+    {
+        const TrackerEntry entry(lock);
+        if (entry)
+            report = Report();
+    }
+    if (report)
+        Write(*report);
 }
 
-void TrackerState::AnnounceDelete(const char* file, int line)
+// The place for a breakpoint that catches the allocation "CheckMemoryStopAt".
+void TrackerState::Stop()
 {
-    deleteFile = files.Name(files.Keep(file));
-    deleteLine = line;
-    m_lastGiven = file;
-}
-
-bool TrackerState::IsSameDeleteFile(const char* file, int line)
-{
-    if (!file || m_lastGiven.load(std::memory_order_relaxed) != file ||
-        std::strcmp(deleteFile.load(std::memory_order_acquire), file) != 0)
-        return false;
-    if (busy.load(std::memory_order_relaxed) || !IsTracking())
-        return false;
-    deleteLine.store(line, std::memory_order_relaxed);
-    return true;
+    CString("Leak Found!");
 }

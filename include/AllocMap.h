@@ -9,21 +9,22 @@
 //   period (CheckMemoryNOP)  raised above all before: a new period; numbers up to 1 start none.
 //                            lowered: tracking stops, what was gathered is dropped without a log.
 //   stop (CheckMemoryStopAt) the number of the allocation at which a developer's breakpoint is reached (see
-//                            AllocMap.cpp); 0 never.
+//                            TrackerState.cpp); 0 never.
 //
 // Both are looked up on every tracked call, so that a change, by another process too, counts from the next
-// call on. The look-up costs next to nothing while the registry does not change.
+// call on. While the registry does not change, the look-up costs next to nothing.
 //
 // Units: bytes. Sizes are kept in 32 bits: a larger block counts as 4,294,967,295, sums wrap.
-// Errors: none is reported. A log that cannot be written is left out; so is a block that there is no memory
-// to
-//   record.
+// Errors: none is reported. A log that cannot be written is left out; so is a block for whose record there is
+//   no memory.
 // Threads: made for runs with one thread. Calls from several are kept apart by a lock, so nothing is lost.
 #pragma once
 
 #include <afx.h>
 
+#include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 
 // One tracked allocation.
@@ -42,6 +43,27 @@ public:
     CString m_file;
 };
 
+// Tells without a call that tracking is off: it was found so, and neither the registry nor the environment
+// has changed since. The tracker alone writes it.
+struct T_TRACKER_REST {
+    static constexpr std::uint64_t kNever = ~std::uint64_t{0};
+    static inline const std::atomic<std::uint64_t> s_none = 0;
+    static inline const std::atomic<unsigned> s_noChanges = 0;
+
+    std::atomic<const std::atomic<std::uint64_t>*> registry = &s_none;
+    std::atomic<const std::atomic<unsigned>*> environment = &s_noChanges;
+    std::atomic<std::uint64_t> registrySeen = kNever;
+    std::atomic<unsigned> environmentSeen = 0;
+
+    bool Lasts() const
+    {
+        const std::uint64_t seen = registrySeen.load(std::memory_order_acquire);
+        return registry.load(std::memory_order_relaxed)->load(std::memory_order_acquire) == seen &&
+               environment.load(std::memory_order_relaxed)->load(std::memory_order_relaxed) ==
+                   environmentSeen.load(std::memory_order_relaxed);
+    }
+};
+
 class TrackerState;
 
 // The tracker. One per process; the last constructed is the instance.
@@ -58,12 +80,15 @@ public:
     // Null before a tracker is constructed and after it is destroyed.
     static AllocMap* Instance();
 
-    // What MemoryLeakTester.h calls. Only the first looks the switches up, if a file is not skipped: the
-    // others are called from wherever memory is allocated and freed, also where a look-up could not be made.
-    static bool IsTracking(const char* file);
+    // What MemoryLeakTester.h calls. The first two look the switches up, if a file is not skipped, and tell
+    // whether the new or delete that follows is tracked. The others are called from wherever memory is
+    // allocated and freed, also where a look-up could not be made.
+    static bool IsTracking(const char* file) { return !s_rest.Lasts() && AskTracking(file); }
+    static bool BeginDelete(const char* file, int line) { return !s_rest.Lasts() && AskDelete(file, line); }
     static void Record(void* block, std::size_t size, const char* file, int line);
     // Forgets an allocation if it is recorded; whether it was. Counts no failure.
     static bool Drop(void* block);
+    static void CountFailure();
 
     // Records an allocation, unless its file is skipped or tracking is off. If the address is recorded
     // already, its block was freed unseen: that record joins the displaced ones. `file` is copied and may be
@@ -89,7 +114,11 @@ protected:
 
 private:
     class Work;
+    static bool AskTracking(const char* file);
+    static bool AskDelete(const char* file, int line);
     void Add(void* block, DWORD size, const char* file, int line);
+
+    static T_TRACKER_REST s_rest;
 
     const std::unique_ptr<TrackerState> m_state;
 };

@@ -4,7 +4,8 @@
 // functions (Operators.h) tell the innermost site of their thread of the blocks that come and go:
 //  - a new-expression records the first block that is allocated. Should the result lie elsewhere, that block
 //    was taken by the number of elements or by a constructor over storage that was there, and is let go;
-//  - a delete-expression during which no recorded block is freed has failed.
+//  - a delete-expression has failed unless the object's own block was recorded: of those that were there
+//    before it began, the last one that it frees. (Those that came later are the operand's temporaries.)
 #pragma once
 
 #include "../AllocMap.h"
@@ -18,7 +19,7 @@ namespace LeakTester {
 // Whether the program's files have recorded anything yet: before, no block that is freed can be recorded.
 inline bool g_hasRecords = false;
 
-// What is going on in the thread.
+// What is going on in the thread. A site that is not entered costs a test: only then are its members set.
 class Site
 {
 public:
@@ -28,14 +29,19 @@ public:
 
     // The program has allocated a block.
     void Allocated(void* pointer, std::size_t size);
-    // The program frees a block, which was recorded or not.
+    // The program is about to free a block, which was recorded or not.
     void Freed(void* pointer, bool wasRecorded);
 
 protected:
-    constexpr Site(bool isNew, const char* file, int line) : m_file(file), m_line(line), m_isNew(isNew) {}
+    constexpr Site() {}
     constexpr ~Site() = default;
-    void Enter()
+    void Enter(bool isNew)
     {
+        m_isNew = isNew;
+        m_isOpen = true;
+        m_isFull = false;
+        m_otherCount = 0;
+        m_own.pointer = nullptr;
         m_isEntered = true;
         m_outer = s_innermost;
         s_innermost = this;
@@ -63,25 +69,37 @@ protected:
     };
     static constexpr int kOthers = 4;
 
+    void Remember(const Block& block);
+    bool ForgetOther(const void* pointer);
+    void PassOthersOn()
+    {
+        for (int i = 0; m_outer && i < m_otherCount; ++i)
+            m_outer->Remember(m_others[i]);
+    }
+
     static inline thread_local Site* s_innermost = nullptr;
-    Site* m_outer = nullptr;
-    const char* m_file;
-    int m_line;
-    const bool m_isNew;
     bool m_isEntered = false;
-    bool m_isOpen = true;    // new: no block has been allocated yet; delete: no recorded one freed
-    int m_otherCount = 0;    // new: blocks that were allocated after the first
-    Block m_own = {};        // new: the first block; delete: the last one freed
+    bool m_isNew;
+    bool m_isOpen;    // new: no block has been allocated yet; delete: the object's own was not recorded
+    bool m_isFull;    // not all of those are known
+    int m_otherCount; // of the blocks that came after it; delete: of those that have come since it began
+    int m_line;       // new
+    const char* m_file;
+    Site* m_outer;
+    Block m_own;             // new: the first block; delete: the last one freed
     Block m_others[kOthers]; // as many as counted
 };
 
 class NewSite : public Site
 {
 public:
-    constexpr NewSite(const char* file, int line) : Site(true, file, line)
+    constexpr NewSite(const char* file, int line)
     {
-        if (!std::is_constant_evaluated() && AllocMap::IsTracking(file))
-            Enter();
+        if (std::is_constant_evaluated() || !AllocMap::IsTracking(file))
+            return;
+        m_file = file;
+        m_line = line;
+        Enter(true);
     }
     constexpr ~NewSite()
     {
@@ -123,24 +141,35 @@ private:
     void End(const volatile void* made)
     {
         Leave();
-        if (!m_own.pointer || m_own.Holds(made))
+        if (!m_own.Holds(made))
+            TakeOther(made);
+        PassOthersOn();
+    }
+    // The first block was not the result's.
+    void TakeOther(const volatile void* made)
+    {
+        if (!m_own.pointer)
             return;
         AllocMap::Drop(m_own.pointer);
+        Block result = {};
         for (int i = 0; i < m_otherCount; ++i)
             if (m_others[i].Holds(made))
-                return Record(m_others[i].pointer, m_others[i].size);
+                result = m_others[i];
+        if (result.pointer) {
+            ForgetOther(result.pointer);
+            Record(result.pointer, result.size);
+        }
+        Remember(m_own);
     }
 };
 
 class DeleteSite : public Site
 {
 public:
-    constexpr DeleteSite(const char* file, int line) : Site(false, file, line)
+    constexpr DeleteSite(const char* file, int line)
     {
-        if (!std::is_constant_evaluated() && AllocMap::IsTracking(file)) {
-            PreDelete(file, line);
-            Enter();
-        }
+        if (!std::is_constant_evaluated() && AllocMap::BeginDelete(file, line))
+            Enter(false);
     }
     constexpr ~DeleteSite()
     {
@@ -151,11 +180,6 @@ public:
     constexpr explicit operator bool() const { return false; }
 
 private:
-    void Fail()
-    {
-        if (AllocMap* tracker = AllocMap::Instance())
-            tracker->DelAllocInfo(m_own.pointer);
-    }
     void End()
     {
         Leave();
@@ -163,33 +187,56 @@ private:
         if (m_isOpen && std::uncaught_exceptions() == 0)
             Fail();
     }
+    void Fail()
+    {
+        if (m_own.pointer)
+            AllocMap::CountFailure();
+        else if (AllocMap* tracker = AllocMap::Instance())
+            tracker->DelAllocInfo(nullptr);
+    }
 };
+
+inline void Site::Remember(const Block& block)
+{
+    if (m_otherCount < kOthers)
+        m_others[m_otherCount++] = block;
+    else
+        m_isFull = true;
+}
+
+inline bool Site::ForgetOther(const void* pointer)
+{
+    for (int i = 0; i < m_otherCount; ++i) {
+        if (m_others[i].pointer == pointer) {
+            m_others[i] = m_others[--m_otherCount];
+            return true;
+        }
+    }
+    return false;
+}
 
 inline void Site::Allocated(void* pointer, std::size_t size)
 {
-    if (!m_isNew)
-        return;
     const Block block = {static_cast<char*>(pointer), size};
-    if (std::exchange(m_isOpen, false)) {
+    if (!m_isNew || !std::exchange(m_isOpen, false)) {
+        Remember(block);
+    } else {
         m_own = block;
         Record(pointer, size);
-    } else if (m_otherCount < kOthers) {
-        m_others[m_otherCount++] = block;
     }
 }
 
 inline void Site::Freed(void* pointer, bool wasRecorded)
 {
+    if (ForgetOther(pointer))
+        return;
     if (!m_isNew) {
         m_own.pointer = static_cast<char*>(pointer);
-        m_isOpen = m_isOpen && !wasRecorded;
+        m_isOpen = !wasRecorded && (m_isOpen || !m_isFull);
     } else if (pointer == m_own.pointer) { // a constructor has thrown
         m_own = {};
         m_isOpen = true;
     }
-    for (int i = 0; i < m_otherCount; ++i)
-        if (m_others[i].pointer == pointer)
-            m_others[i] = {};
 }
 
 } // namespace LeakTester

@@ -15,15 +15,14 @@ void RegistryWatch::FollowHome()
     m_counter.store(counter ? counter : &kNone, std::memory_order_release);
 }
 
-void RegistryWatch::Renew()
+void RegistryWatch::Prepare()
 {
     m_seen.store(Generation::kUnsettled, std::memory_order_relaxed);
     m_environment.store(EnvironmentChanges(), std::memory_order_relaxed);
     FollowHome();
     const Generation::Shared* counter = m_counter.load(std::memory_order_relaxed);
-    if (counter != &kNone)
-        m_seen.store(Generation::Settled(counter->load(std::memory_order_acquire)),
-                     std::memory_order_release);
+    m_prepared = counter != &kNone ? Generation::Settled(counter->load(std::memory_order_acquire))
+                                   : Generation::kUnsettled;
 }
 
 bool RegistryMayHoldValues()

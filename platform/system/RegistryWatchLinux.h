@@ -4,7 +4,6 @@
 #include "../winapi/src/Environment.h"
 #include "../winapi/src/registry/Generation.h"
 
-#include <atomic>
 #include <string>
 
 class RegistryWatch
@@ -15,14 +14,16 @@ public:
     RegistryWatch(const RegistryWatch&) = delete;
     RegistryWatch& operator=(const RegistryWatch&) = delete;
 
-    // False before the first Renew(), and always when there is no way to know.
+    // False before the first Confirm(), after a Prepare(), and always when there is no way to know.
     bool Stands() const
     {
         const Generation::Shared* counter = m_counter.load(std::memory_order_acquire);
-        return counter->load(std::memory_order_acquire) == m_seen.load(std::memory_order_relaxed) &&
+        return counter->load(std::memory_order_acquire) == m_seen.load(std::memory_order_acquire) &&
                m_environment.load(std::memory_order_relaxed) == EnvironmentChanges();
     }
-    void Renew();
+    void Prepare();
+    void Confirm() { m_seen.store(m_prepared, std::memory_order_release); }
+    RegistryCounters Counters() const { return {m_counter, m_seen, &g_environmentChanges, m_environment}; }
 
 private:
     void FollowHome();
@@ -31,5 +32,6 @@ private:
     std::atomic<const Generation::Shared*> m_counter = &kNone;
     std::atomic<std::uint64_t> m_seen = Generation::kUnsettled;
     std::atomic<unsigned> m_environment = 0;
-    std::string m_home; // whose counter it is
+    std::uint64_t m_prepared = Generation::kUnsettled; // what Confirm() will have seen
+    std::string m_home;                                // whose counter it is
 };

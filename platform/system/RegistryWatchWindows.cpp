@@ -14,7 +14,7 @@ RegistryWatch::~RegistryWatch()
 
 void RegistryWatch::Disarm()
 {
-    m_isArmed = false;
+    m_isConfirmed = m_isArmed = false;
     if (m_key)
         RegCloseKey(m_key);
     m_key = nullptr;
@@ -36,10 +36,10 @@ bool RegistryWatch::OpenNearest()
 
 bool RegistryWatch::Stands() const
 {
-    return m_isArmed && WaitForSingleObject(m_event, 0) == WAIT_TIMEOUT;
+    return m_isConfirmed && WaitForSingleObject(m_event, 0) == WAIT_TIMEOUT;
 }
 
-void RegistryWatch::Renew()
+void RegistryWatch::Prepare()
 {
     Disarm();
     if (!m_event)

@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <atomic>
 #include <string>
 
 class RegistryWatch
@@ -15,16 +14,22 @@ public:
     RegistryWatch(const RegistryWatch&) = delete;
     RegistryWatch& operator=(const RegistryWatch&) = delete;
 
-    // False before the first Renew(), and always when there is no way to know.
+    // False before the first Confirm(), after a Prepare(), and always when there is no way to know.
     bool Stands() const;
-    void Renew();
+    void Prepare();
+    void Confirm() { m_isConfirmed = m_isArmed; }
+    RegistryCounters Counters() const { return {&s_none, 1, &s_noChanges, 0}; }
 
 private:
     bool OpenNearest();
     void Disarm();
 
+    static inline const std::atomic<std::uint64_t> s_none = 0;
+    static inline const std::atomic<unsigned> s_noChanges = 0;
+
     const std::string m_path;
     const HANDLE m_event;
     HKEY m_key = nullptr;
-    std::atomic<bool> m_isArmed = false;
+    bool m_isArmed = false;
+    std::atomic<bool> m_isConfirmed = false;
 };

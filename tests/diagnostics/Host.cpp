@@ -98,6 +98,11 @@ struct Node {
     plain::Base base;
 };
 
+int* Chosen(int* number, const std::string& text)
+{
+    return text.empty() ? nullptr : number;
+}
+
 constexpr int Constant()
 {
     int* number = new int(4);
@@ -147,8 +152,14 @@ int Forms()
     delete base;
     auto chain = std::unique_ptr<Node>(new Node{std::unique_ptr<Node>(new Node), {}});
     Node* last = chain.release();
-    delete last;         // the other is deleted in a header
-    delete (new Pooled); // nothing is freed: a failure
+    delete last;                                       // the other is deleted in a header
+    delete (new Pooled);                               // nothing is freed: a failure
+    delete Chosen(new int(13), std::string(100, 't')); // the text goes after the number
+    {
+        plain::Owner* owner = plain::MakeOwner();
+        owner->number.reset(new int(14));
+        delete owner; // a failure, though what it owned was recorded
+    }
     for (int i = 0; i < 2; ++i)
         if (i == 1)
             delete (new std::vector<int>(100));

@@ -1,6 +1,7 @@
 // The host that the tests of the diagnostics start.
 #pragma once
 
+#include <memory>
 #include <string>
 
 // Code without the tracker.
@@ -9,7 +10,7 @@ namespace plain {
 void Free(int* block);
 void Free(char* array);
 void FreeAligned(char* block); // at 64 bytes
-void Release(void* block); // past the program's own functions
+void Release(void* block);     // past the program's own functions
 int* Make();
 std::string Text(); // too long for the text object itself
 
@@ -20,7 +21,11 @@ struct Base {
     virtual ~Base();
     int number = 7;
 };
-Base* MakeBase();
+
+struct Owner {
+    std::unique_ptr<int> number;
+};
+Owner* MakeOwner();
 
 } // namespace plain
 

@@ -40,9 +40,9 @@ Base::~Base()
     delete Make(); // frees within a delete of somebody else's
 }
 
-Base* MakeBase()
+Owner* MakeOwner()
 {
-    return new Base;
+    return new Owner;
 }
 
 } // namespace plain

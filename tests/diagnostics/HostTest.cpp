@@ -108,7 +108,7 @@ TEST_F(Host, KnowsAllFormsOfNewAndDelete)
     const std::string log = folder.Log(1);
     const std::vector<std::string> lines = Lines(log, "\n");
     ASSERT_EQ(lines.size(), 11U) << log;
-    EXPECT_EQ(lines[5], "*** Number of delete failure(not found): 1") << log;
+    EXPECT_EQ(lines[5], "*** Number of delete failure(not found): 2") << log;
     EXPECT_TRUE(Parse(lines[7]).rest.starts_with("12 ")) << log;
 }
 

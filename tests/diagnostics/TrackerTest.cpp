@@ -224,7 +224,7 @@ TEST_F(Tracking, AChangeByAnotherProcessCountsAtOnce)
 {
     EXPECT_EQ(tracker->CheckState(), 0);
     ASSERT_EQ(RunHost("set CheckMemoryNOP 2"), 0);
-        tracker->AddAllocInfo(At(0x10), 1, "a", 1);
+    tracker->AddAllocInfo(At(0x10), 1, "a", 1);
     ASSERT_EQ(RunHost("set CheckMemoryNOP 3"), 0);
     tracker->DelAllocInfo(At(0x10));
     EXPECT_NE(folder.Log(1), "") << "the period before";
