@@ -47,6 +47,7 @@ void ReduceStrip(const Steps& steps, double* target, std::ptrdiff_t stride, int 
 
 } // namespace
 
+ZEK_FOR_EACH_PROCESSOR
 void ReduceRows(const Steps& steps, double* target, std::ptrdiff_t stride, int rows, int from, int to)
 {
     for (int strip = from; strip < to; strip += kStrip) {

@@ -122,6 +122,7 @@ private:
 
 } // namespace
 
+ZEK_FOR_EACH_PROCESSOR
 bool InvertSmall(double* A, int n, double* B, double least)
 {
     SmallElimination elimination(A, n);
