@@ -23,6 +23,7 @@ double Trapezoid(const double* x, const double* y, double twiceLowest, int i, in
     return (y[i] + y[j] - twiceLowest) * 0.5 * (x[i] - x[j]);
 }
 
+ZEK_FOR_EACH_PROCESSOR
 double Lowest(const double* y, int n)
 {
     if (n < kManyVertices)
@@ -38,6 +39,7 @@ double Lowest(const double* y, int n)
 }
 
 // The trapezoids under the first edges, as many as fill the lanes; `next` is the first edge that is left.
+ZEK_FOR_EACH_PROCESSOR
 double ManyTrapezoids(const double* x, const double* y, double twiceLowest, int n, int& next)
 {
     double lanes[kLanes] = {};
@@ -71,6 +73,7 @@ struct Moments {
 };
 
 // Adds the edges that end at vertices from 1 on, as many as fill the lanes; `next` is the first that is left.
+ZEK_FOR_EACH_PROCESSOR
 void AddMany(Moments<1>& sum, const double* x, const double* y, int n, int& next)
 {
     Moments<kLanes> lanes;
