@@ -70,6 +70,13 @@ int Scoped()
     return CProfileMgr::IsStopped() ? 3 : 4;
 }
 
+int Slow()
+{
+    const CProfiler profiler("host.cpp", 21, "slow");
+    Sleep(5);
+    return 0;
+}
+
 int Both()
 {
     Nested();
@@ -87,11 +94,9 @@ int RunReport(const std::string& name)
         int (*run)();
     };
     static constexpr Row kRows[] = {
-        {"both", Both},
-        {"exit", ExitInside},
-        {"misuse", Misuse},
-        {"scoped", Scoped},
-        {"silent", [] { return Profiler::GetInstance().LinesByCheckStart("only"), 0; }}};
+        {"both", Both},     {"exit", ExitInside},
+        {"misuse", Misuse}, {"scoped", Scoped},
+        {"slow", Slow},     {"silent", [] { return Profiler::GetInstance().LinesByCheckStart("only"), 0; }}};
     for (const Row& row : kRows)
         if (name == row.name)
             return row.run();

@@ -183,6 +183,9 @@ TEST_F(LoadedProfiler, LeavesFunctionsWithoutTimeOut)
         lines = Lines(ReadFile(kReport), "\r\n");
     }
     EXPECT_THAT(lines, ElementsAre(kTitle));
+    ASSERT_EQ(RunHost("slow"), 0);
+    EXPECT_THAT(Lines(ReadFile(kReport), "\r\n"),
+                ElementsAre(kTitle, testing::StartsWith("host.cpp(21) slow : 1, 0.0")));
 }
 
 } // namespace

@@ -356,9 +356,9 @@ TEST_F(Tracking, LogsAsTheChainsWouldStand)
         SetPeriod(std::to_string(steps).c_str());
         Chains chains;
         for (int step = 0; step < steps; ++step) {
-            // Few buckets, so that chains grow, and few addresses, so that they come again.
+            // Few buckets, so that chains grow, and few addresses, so that they come and go again and again.
             const std::uintptr_t address =
-                ((random() % 50) + kBuckets * (random() % (static_cast<unsigned>(steps) / 10))) * 16 +
+                ((random() % 50) + kBuckets * (random() % (static_cast<unsigned>(steps) / 100 + 1))) * 16 +
                 random() % 2;
             const int size = static_cast<int>(random() % 1000);
             if (random() % 3 != 0) {
