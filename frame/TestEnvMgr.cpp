@@ -36,10 +36,11 @@ CTestEnvMgr& CTestEnvMgr::operator=(const CTestEnvMgr& source)
 
 CTestEnvMgr::~CTestEnvMgr() = default;
 
+// Never destroyed: reports that are written last of all still ask.
 CTestEnvMgr& CTestEnvMgr::Shared()
 {
-    static CTestEnvMgr manager;
-    return manager;
+    static CTestEnvMgr* const manager = new CTestEnvMgr;
+    return *manager;
 }
 
 CString CTestEnvMgr::GetTestEnvST(const char* lpszName)
