@@ -26,9 +26,10 @@ TEST(Creation, PassesOnWhatItWasGiven)
 {
     Recorder recorder;
     CREATESTRUCTA seen = {};
-    std::string text;
+    std::string text, className; // the structure's texts last as long as the message
     recorder.On(WM_CREATE, [&](HWND window, UINT, WPARAM, LPARAM lParam) -> LRESULT {
         seen = *reinterpret_cast<const CREATESTRUCTA*>(lParam);
+        className = seen.lpszClass;
         char buffer[16];
         GetWindowTextA(window, buffer, sizeof buffer);
         text = buffer;
@@ -48,7 +49,7 @@ TEST(Creation, PassesOnWhatItWasGiven)
     EXPECT_EQ(seen.cx, 3);
     EXPECT_EQ(seen.cy, 4);
     EXPECT_TRUE(static_cast<DWORD>(seen.style) & WS_TABSTOP);
-    EXPECT_STREQ(seen.lpszClass, "zek_recorder");
+    EXPECT_EQ(className, "zek_recorder");
     EXPECT_EQ(GetDlgCtrlID(child), 77);
 }
 
