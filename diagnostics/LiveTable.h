@@ -31,7 +31,6 @@ public:
     LiveTable(const LiveTable&) = delete;
     LiveTable& operator=(const LiveTable&) = delete;
 
-    std::size_t Count() const { return m_count; }
     // Makes room for one more record. Throws std::bad_alloc; the table is as before then.
     void Reserve()
     {

@@ -11,7 +11,8 @@ LONGLONG Ticks()
     return now.QuadPart;
 }
 
-constexpr LONGLONG kNanosecond = 1'000'000'000;
+constexpr LONGLONG kNanosecondsPerSecond = 1'000'000'000;
+constexpr LONGLONG kNanosecondsPerMilli = 1'000'000;
 
 struct Scale {
     LONGLONG start = Ticks();
@@ -35,8 +36,8 @@ const Scale g_scale;
 LONG MilliClock()
 {
     const LONGLONG passed = Ticks() - g_scale.start;
-    const LONGLONG now = g_scale.perSecond == kNanosecond // a known divisor is quicker
-                             ? passed / (kNanosecond / 1000)
+    const LONGLONG now = g_scale.perSecond == kNanosecondsPerSecond // a known divisor is quicker
+                             ? passed / kNanosecondsPerMilli
                              : static_cast<LONGLONG>(static_cast<double>(passed) * g_scale.milliseconds);
     return static_cast<LONG>(static_cast<DWORD>(now));
 }
